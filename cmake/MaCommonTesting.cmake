@@ -1,0 +1,40 @@
+# GoogleTest from Debian's sources, built with this tree's compiler and flags,
+# so that the same tests run on the host, under the sanitizers and on the
+# target under qemu.
+set(MA_COMMON_GOOGLETEST_SOURCE "/usr/src/googletest" CACHE PATH
+  "GoogleTest sources (Debian package googletest)")
+if(NOT TARGET GTest::gtest)
+  set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+  set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
+  add_subdirectory("${MA_COMMON_GOOGLETEST_SOURCE}"
+    "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+endif()
+include(GoogleTest)
+
+# White-box tests reach the library's internal routines through a static
+# archive of the very objects that make up the shared library.
+add_library(ma-common-internal STATIC)
+target_link_libraries(ma-common-internal PUBLIC
+  ma-common-objects zel::platform Threads::Threads)
+target_include_directories(ma-common-internal PUBLIC
+  ${PROJECT_SOURCE_DIR}/common/fw/ma/common/internal)
+
+# ma_common_add_test(<name> SOURCES <files...> [WHITEBOX] [LIBRARIES <libs...>])
+# A test program with every test case registered in CTest. It links the
+# shared library, as clients do, or with WHITEBOX the internal archive.
+function(ma_common_add_test name)
+  cmake_parse_arguments(ARG "WHITEBOX" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  if(ARG_WHITEBOX)
+    set(library ma-common-internal)
+  else()
+    set(library ma-common)
+  endif()
+  target_link_libraries(${name} PRIVATE
+    ${library} ma-test-support GTest::gmock ${ARG_LIBRARIES})
+  ma_common_set_warnings(${name})
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 120
+    PROPERTIES LABELS "${name}")
+endfunction()

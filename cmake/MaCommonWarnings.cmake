@@ -1,0 +1,9 @@
+# ma_common_set_warnings(<target>): the project's warning set for <target>.
+function(ma_common_set_warnings target)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-align
+    -Woverloaded-virtual -Wformat=2 -Wimplicit-fallthrough)
+  if(MA_COMMON_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+endfunction()

@@ -1,0 +1,8 @@
+// MA_COMMON_EXPORT marks the library's public interface. The library is built
+// with hidden visibility, so everything not marked stays internal.
+#ifndef MA_EXPORT_H_
+#define MA_EXPORT_H_
+
+#define MA_COMMON_EXPORT __attribute__((visibility("default")))
+
+#endif  // MA_EXPORT_H_

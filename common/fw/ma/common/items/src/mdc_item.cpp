@@ -1,0 +1,1 @@
+// The item record; filled in by the item implementation.

@@ -22,6 +22,14 @@ struct Kind {
   static constexpr ma::itemType kType = Type;
 };
 
+// Names the typed test cases by item type value ("Type32" for folders).
+struct KindName {
+  template <class K>
+  static std::string GetName(int) {
+    return "Type" + std::to_string(K::kType);
+  }
+};
+
 using KindsWithOwnStore = ::testing::Types<
     Kind<ma::MusicItemInfo, ma::MusicItemInfo::MusicItemImpl, ma::ITEM_TYPE_MUSIC>,
     Kind<ma::VideoItemInfo, ma::VideoItemInfo::VideoItemImpl, ma::ITEM_TYPE_VIDEO>,
@@ -45,7 +53,7 @@ struct WithStore : Facade {
 
 template <class K>
 class ItemKind : public ::testing::Test {};
-TYPED_TEST_SUITE(ItemKind, KindsWithOwnStore);
+TYPED_TEST_SUITE(ItemKind, KindsWithOwnStore, KindName);
 
 TYPED_TEST(ItemKind, ConstructorBuildsTheKindsOwnStore) {
   typename TypeParam::FacadeType item(" caption ", " uuid ");

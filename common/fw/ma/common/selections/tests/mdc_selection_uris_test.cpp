@@ -108,11 +108,15 @@ TEST(SelectionCreate, ChecksOnlyTheLengthOfTheSourceType) {
 }
 
 TEST(SelectionCreate, CountsSourceTypeLengthInBytes) {
+  ma_test::TraceCapture capture;
   std::string uri;
   // "\xC3\xA9" is one character to a reader but two bytes.
   EXPECT_EQ(0, mdcSelectionCreate(uri, parts("\xC3\xA9\xC3\xA9", "v", "p")));
   EXPECT_EQ("\xC3\xA9\xC3\xA9://v/p", uri);
   EXPECT_EQ(kInvalidArgument, mdcSelectionCreate(uri, parts("\xC3\xA9\xC3\xA9\xC3\xA9", "v", "p")));
+  EXPECT_THAT(maskedLines(capture),
+              ElementsAre(failureLine("mdcSelectionCreate",
+                                      "Invalid source type \"\xC3\xA9\xC3\xA9\xC3\xA9\".\n")));
 }
 
 TEST(SelectionCreate, WithEmptyVolumeAndPathWritesTypeAndSlashes) {

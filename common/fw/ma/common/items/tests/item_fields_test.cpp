@@ -178,6 +178,19 @@ std::vector<std::unique_ptr<ItemInfo>> oneOfEachKind() {
 
 class ItemField : public ::testing::TestWithParam<FieldCase> {};
 
+// The capture holds exactly the missing-store line of `accessor`.
+void expectOneMissingStoreLine(const ma_test::TraceCapture& capture, const FieldCase& field,
+                               const std::string& accessor) {
+  const auto lines = capture.lines();
+  ASSERT_EQ(1u, lines.size());
+  EXPECT_EQ(ma_item_test::kItemFailureCategory, lines[0].category);
+  if (field.locatedReport) {
+    EXPECT_TRUE(ma_item_test::isSubTypeMissingStoreLine(lines[0].text, accessor)) << lines[0].text;
+  } else {
+    EXPECT_EQ(ma_item_test::missingStoreLine(accessor), lines[0].text);
+  }
+}
+
 TEST_P(ItemField, StartsAtItsInitialValueInEveryKind) {
   for (const auto& item : oneOfEachKind()) {
     EXPECT_EQ(GetParam().initial, GetParam().read(*item)) << item->getItemType();
@@ -203,15 +216,7 @@ TEST_P(ItemField, GetterWithoutStoreAnswersNeutralAndTracesOnce) {
   auto item = storeless();
   ma_test::TraceCapture capture;
   EXPECT_EQ(GetParam().neutral, GetParam().read(item));
-  const auto lines = capture.lines();
-  ASSERT_EQ(1u, lines.size());
-  EXPECT_EQ(ma_item_test::kItemFailureCategory, lines[0].category);
-  if (GetParam().locatedReport) {
-    EXPECT_TRUE(ma_item_test::isSubTypeMissingStoreLine(lines[0].text, GetParam().getter))
-        << lines[0].text;
-  } else {
-    EXPECT_EQ(ma_item_test::missingStoreLine(GetParam().getter), lines[0].text);
-  }
+  expectOneMissingStoreLine(capture, GetParam(), GetParam().getter);
 }
 
 TEST_P(ItemField, GetterWithoutStoreAnswersTheSharedNeutralConstant) {
@@ -224,15 +229,7 @@ TEST_P(ItemField, SetterWithoutStoreOnlyTracesOnce) {
   auto item = storeless();
   ma_test::TraceCapture capture;
   GetParam().writeSample(item);
-  const auto lines = capture.lines();
-  ASSERT_EQ(1u, lines.size());
-  EXPECT_EQ(ma_item_test::kItemFailureCategory, lines[0].category);
-  if (GetParam().locatedReport) {
-    EXPECT_TRUE(ma_item_test::isSubTypeMissingStoreLine(lines[0].text, GetParam().setter))
-        << lines[0].text;
-  } else {
-    EXPECT_EQ(ma_item_test::missingStoreLine(GetParam().setter), lines[0].text);
-  }
+  expectOneMissingStoreLine(capture, GetParam(), GetParam().setter);
   capture.clear();
   EXPECT_EQ(GetParam().neutral, GetParam().read(item));
 }

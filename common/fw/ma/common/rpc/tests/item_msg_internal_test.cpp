@@ -108,6 +108,21 @@ TEST(ItemMsgFieldTable, ReleaseOrderIsEveryStringFromTheHighestOffsetDown) {
   EXPECT_EQ(expected, std::vector<std::size_t>(order.begin(), order.end()));
 }
 
+TEST(ItemMsgKinds, EachSingleKindBitFindsItsCodeAndNothingElseFindsAKind) {
+  for (const KindCase& kind : allKinds()) {
+    const ma::rpc::codec::MessageKind* found = ma::rpc::codec::kindOfItemType(kind.type);
+    ASSERT_NE(nullptr, found) << kind.name;
+    EXPECT_EQ(kind.code, found->code) << kind.name;
+    EXPECT_EQ(found, ma::rpc::codec::kindOfCode(kind.code)) << kind.name;
+  }
+  for (unsigned int type : {0u, 3u, 6u, 512u, 1024u, 0x101u, 0xFFFFFFFFu}) {
+    EXPECT_EQ(nullptr, ma::rpc::codec::kindOfItemType(type)) << type;
+  }
+  for (std::uint32_t code : {5u, 10u, 0x100u, 0xFFFFFFFFu}) {
+    EXPECT_EQ(nullptr, ma::rpc::codec::kindOfCode(code)) << code;
+  }
+}
+
 // ---------------------------------------------------------------------------
 // Allocations of the writer
 
@@ -350,6 +365,9 @@ TEST(ItemMsgAllocationFailure, ExceptionWhileBuildingAnItemPropagatesAndFreesThe
         const ItemPtr item = ma::rpc::convertMaItem(msg);
       } catch (const std::bad_alloc&) {
         threw = true;
+      }
+      if (nth == 1 && watch.failures() == 0) {
+        GTEST_SKIP() << "operator new is not this program's (valgrind replaces it)";
       }
     }
     if (!threw) break;

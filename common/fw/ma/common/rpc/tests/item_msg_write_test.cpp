@@ -10,6 +10,10 @@
 #include "ma/rpc/mdc_item_msg.h"
 #include "ma_test/trace_capture.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace {
 
 using ma_rpc_test::allKinds;
@@ -182,8 +186,11 @@ TEST(ItemToMessage, TheMessageIsOverwrittenCompletely) {
   EXPECT_EQ(expectedTopLevel(2, payloadOf(msg)), topLevelOf(msg));
 }
 
-TEST(ItemToMessage, ItemTypeOfTwoBitsOr512OrZeroGivesAllZeroMessage) {
-  for (unsigned int type : {3u, 512u, 0u, 6u, 0x201u}) {
+// 512 lies outside the values ma::itemType can hold (0 to 511), so a record
+// cannot carry it without undefined behaviour; the white-box tests give the
+// kind lookup 512 directly.
+TEST(ItemToMessage, ItemTypeOfTwoBitsOrZeroGivesAllZeroMessage) {
+  for (unsigned int type : {3u, 0u, 6u, 0x101u, 0x1FFu}) {
     const ItemPtr item = makeItem(ma::ITEM_TYPE_FOLDER, "c", "u");
     static_cast<ma::FolderItemInfo&>(*item).getImpl()->setItemType(static_cast<ma::itemType>(type));
     itemMsgMaItem_t msg;
@@ -214,28 +221,41 @@ TEST(ItemToMessage, ConversionWritesNoTraceLines) {
 }
 
 // A record whose class does not match its type gives an all-zero message,
-// and the payload the writer allocated stays behind, unreferenced: the
-// sanitizer suppressions name this suite for that one block.
+// and the payload the writer allocated stays behind, unreferenced, by
+// definition. LeakSanitizer ignores what this one call allocates; valgrind
+// has a suppression naming this helper.
+void convertMismatched(itemMsgMaItem_t& msg, const ma::ItemInfo& item) {
+#if defined(__SANITIZE_ADDRESS__)
+  __lsan::ScopedDisabler intendedLeak;
+#endif
+  ma::rpc::convertMaItem(msg, item);
+}
+
 TEST(ItemMsgClassMismatch, VideoRecordHoldingAFolderStoreGivesAllZeroMessage) {
   const ma::VideoItemInfo item(new ma::FolderItemInfo::FolderItemImpl("c", "u"));
   ASSERT_EQ(ma::ITEM_TYPE_FOLDER, item.getItemType());
   itemMsgMaItem_t msg;
   std::memset(static_cast<void*>(&msg), 0xEE, sizeof msg);
-  ma::rpc::convertMaItem(msg, item);
+  convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
 }
 
 TEST(ItemMsgClassMismatch, FolderRecordRetypedAsMusicGivesAllZeroMessage) {
   ma::FolderItemInfo item("c", "u");
   item.getImpl()->setItemType(ma::ITEM_TYPE_MUSIC);
-  const itemMsgMaItem_t msg(item);
+  itemMsgMaItem_t msg;
+  convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
 }
 
-TEST(ItemMsgClassMismatch, RecordWithoutStoreReportsTheUnknownKindAndGivesAllZeroMessage) {
+TEST(ItemMsgClassMismatch, RecordWithoutStoreCountsAsUnknownAndGivesAllZeroMessage) {
+  ma_test::TraceCapture capture;  // the record reports its missing store
   const ma::VideoItemInfo item(nullptr);
-  const itemMsgMaItem_t msg(item);
+  itemMsgMaItem_t msg;
+  convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  ASSERT_FALSE(capture.texts().empty());
+  EXPECT_EQ("getItemType(): impl is NULL\n", capture.texts()[0]);
 }
 
 }  // namespace

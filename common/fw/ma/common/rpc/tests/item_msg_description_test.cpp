@@ -83,7 +83,9 @@ TEST(ItemMsgStructures, TargetOffsetsOfTheCommonBlockAreByteForByte) {
       {"recChnum", 403}};
   for (const auto& member : infoMembers()) {
     auto odd = oddOnes.find(member.name);
-    if (odd != oddOnes.end()) EXPECT_EQ(odd->second, member.offset) << member.name;
+    if (odd != oddOnes.end()) {
+      EXPECT_EQ(odd->second, member.offset) << member.name;
+    }
   }
   EXPECT_EQ(407u, sizeof(itemMsgMaItemInfo_t));
 }

@@ -4,6 +4,7 @@
 #ifndef MA_VFS_TESTS_SCRIPTED_ITERATOR_H_
 #define MA_VFS_TESTS_SCRIPTED_ITERATOR_H_
 
+#include <boost/shared_ptr.hpp>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -11,8 +12,6 @@
 #include <string>
 #include <thread>
 #include <vector>
-
-#include <boost/shared_ptr.hpp>
 
 #include "ma/mdc_vfs_base.h"
 
@@ -59,7 +58,9 @@ class InlineIterator : public ma::VfsIterator {
   }
   static int next(int value, int k) { return value + k; }
   template <typename Value>
-  static Value const& next(Value const& value, int) { return value; }
+  static Value const& next(Value const& value, int) {
+    return value;
+  }
 
   const int m_repeat;
 };

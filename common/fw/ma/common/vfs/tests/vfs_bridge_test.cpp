@@ -1,20 +1,19 @@
 // The synchronous twins of the iterator: a semaphore rendezvous over the
 // asynchronous operations, with its trace lines.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <pthread.h>
 #include <signal.h>
 
 #include <algorithm>
 #include <atomic>
+#include <boost/shared_ptr.hpp>
 #include <chrono>
 #include <cstdio>
 #include <future>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include <boost/shared_ptr.hpp>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "ma/mdc_vfs_base.h"
 #include "ma_test/trace_capture.h"
@@ -63,12 +62,11 @@ TEST(VfsBridgeTest, InlineGetNTotalTracesCalledInitPostWaitWaitFinishedDestroy) 
   ma_test::TraceCapture capture;
   EXPECT_EQ(3, iterator.getNTotal());
   const std::string address = initAddress(capture.texts());
-  EXPECT_THAT(capture.texts(),
-              ElementsAre(located(kFile, 85, "getNTotal", "Called.\n"), initLine(address),
-                          postLine(address),
-                          located(kFile, 90, "getNTotal", "Wait " + address + ".\n"),
-                          located(kFile, 92, "getNTotal", "Wait finished.\n"),
-                          destroyLine(address)));
+  EXPECT_THAT(
+      capture.texts(),
+      ElementsAre(located(kFile, 85, "getNTotal", "Called.\n"), initLine(address),
+                  postLine(address), located(kFile, 90, "getNTotal", "Wait " + address + ".\n"),
+                  located(kFile, 92, "getNTotal", "Wait finished.\n"), destroyLine(address)));
   for (const zel_standin::TraceLine& line : capture.lines()) {
     EXPECT_EQ(kVfsCalls, line.category) << line.text;
   }
@@ -143,12 +141,12 @@ TEST(VfsBridgeTest, CallbackCalledTwiceReturnsTheLastValueAndDestroysOnce) {
   ma_test::TraceCapture capture;
   EXPECT_EQ(11, iterator.getNTotal());
   const std::string address = initAddress(capture.texts());
-  EXPECT_THAT(capture.texts(),
-              ElementsAre(located(kFile, 85, "getNTotal", "Called.\n"), initLine(address),
-                          postLine(address), postLine(address),
-                          located(kFile, 90, "getNTotal", "Wait " + address + ".\n"),
-                          located(kFile, 92, "getNTotal", "Wait finished.\n"),
-                          destroyLine(address)));
+  EXPECT_THAT(
+      capture.texts(),
+      ElementsAre(located(kFile, 85, "getNTotal", "Called.\n"), initLine(address),
+                  postLine(address), postLine(address),
+                  located(kFile, 90, "getNTotal", "Wait " + address + ".\n"),
+                  located(kFile, 92, "getNTotal", "Wait finished.\n"), destroyLine(address)));
 }
 
 TEST(VfsBridgeTest, CallbackCalledTwiceForEveryTwin) {
@@ -253,8 +251,7 @@ TEST(VfsBridgeTest, WaitEndedEarlyBySignalReturnsTheInitialValueWithoutWaitingAg
   ASSERT_EQ(0, sigaction(SIGUSR1, &action, &previous));
 
   std::vector<DeferredIterator::Task> neverRun;  // touched by the waiter only
-  DeferredIterator iterator(
-      [&neverRun](DeferredIterator::Task task) { neverRun.push_back(task); });
+  DeferredIterator iterator([&neverRun](DeferredIterator::Task task) { neverRun.push_back(task); });
   iterator.number = 7;
   iterator.suffix = "x";
 

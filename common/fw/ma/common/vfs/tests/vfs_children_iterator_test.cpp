@@ -1,13 +1,13 @@
 // A fixed folder's children iterators: the cursor rules, immediate
 // callbacks, trace lines, and misuse.
-#include <string>
-#include <vector>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 #include "ma/mdc_vfs_fixed.h"
 #include "ma_test/trace_capture.h"
@@ -172,11 +172,11 @@ TEST(VfsChildrenIteratorTest, EachOperationTracesCalledWithItsLineAndName) {
   iterator->seekTo(0, received.intCallback());
   iterator->getCurrentChild(received.entryCallback());
   iterator->getCurrentChildPath("", received.pathCallback());
-  EXPECT_THAT(capture.texts(),
-              ElementsAre(calledLine(157, "getIterator"), calledLine(55, "getNTotal"),
-                          calledLine(62, "rewind"), calledLine(71, "advance"),
-                          calledLine(80, "seekTo"), calledLine(94, "getCurrentChild"),
-                          calledLine(105, "getCurrentChildPath")));
+  EXPECT_THAT(
+      capture.texts(),
+      ElementsAre(calledLine(157, "getIterator"), calledLine(55, "getNTotal"),
+                  calledLine(62, "rewind"), calledLine(71, "advance"), calledLine(80, "seekTo"),
+                  calledLine(94, "getCurrentChild"), calledLine(105, "getCurrentChildPath")));
   for (const zel_standin::TraceLine& line : capture.lines()) {
     EXPECT_EQ(kVfsCalls, line.category) << line.text;
   }

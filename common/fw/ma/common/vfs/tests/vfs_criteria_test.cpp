@@ -1,7 +1,7 @@
 // Search, order and filter criteria: value lists kept in insertion order.
-#include <string>
-
 #include <gtest/gtest.h>
+
+#include <string>
 
 #include "ma/mdc_vfs_criteria.h"
 

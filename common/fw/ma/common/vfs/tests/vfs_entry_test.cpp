@@ -1,13 +1,11 @@
 // The abstract entry: its base answers and its attribute map.
-#include <pthread.h>
-
 #include <errno.h>
-
-#include <string>
+#include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
-#include <gtest/gtest.h>
+#include <string>
 
 #include "ma/mdc_vfs_base.h"
 #include "vfs_test_support.h"

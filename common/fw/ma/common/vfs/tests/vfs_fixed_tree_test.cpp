@@ -1,12 +1,12 @@
 // The fixed tree's leaves and folders: construction, answers, adding and
 // looking up children, and what their destruction releases.
-#include <string>
-#include <vector>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 #include "ma/mdc_vfs_fixed.h"
 #include "vfs_test_support.h"
@@ -218,8 +218,8 @@ TEST(VfsFixedFolderTest, DestroyingTheFolderReleasesChildrenInListOrderThenTheIt
   {
     FolderPtr folder(new ma::VfsFixedFolder(ItemPtr(new LoggedItem("folder", log))));
     for (const char* name : {"c0", "c1", "c2"}) {
-      folder->addEntry(EntryPtr(new ma::VfsFixedEntry(ItemPtr(new LoggedItem(name, log)),
-                                                      UserDataPtr())));
+      folder->addEntry(
+          EntryPtr(new ma::VfsFixedEntry(ItemPtr(new LoggedItem(name, log)), UserDataPtr())));
     }
   }
   EXPECT_THAT(log, ElementsAre("c0", "c1", "c2", "folder"));

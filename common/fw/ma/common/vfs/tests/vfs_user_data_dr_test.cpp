@@ -1,10 +1,10 @@
 // The recorder's user data: stored values, the key rule, the accessors.
+#include <gtest/gtest.h>
+
+#include <boost/shared_ptr.hpp>
 #include <climits>
 #include <cstring>
 #include <new>
-
-#include <boost/shared_ptr.hpp>
-#include <gtest/gtest.h>
 
 #include "ma/mdc_vfs_user_data_dr.h"
 

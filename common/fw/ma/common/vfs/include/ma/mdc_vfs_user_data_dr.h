@@ -24,8 +24,7 @@ class MA_COMMON_EXPORT VfsUserDataDR : public ma::VfsUserData {
   // `encryption` is non-zero and `key` is not null; otherwise `key` is not
   // read and the key bytes stay unwritten (indeterminate).
   VfsUserDataDR(bool isRecording, long long streamBegin, long long streamEnd,
-                long long circularBegin, long long circularEnd, int encryption,
-                unsigned char* key);
+                long long circularBegin, long long circularEnd, int encryption, unsigned char* key);
   VfsUserDataDR(VfsUserDataDR const&) = delete;
   VfsUserDataDR& operator=(VfsUserDataDR const&) = delete;
   ~VfsUserDataDR() override;
@@ -54,9 +53,9 @@ class MA_COMMON_EXPORT VfsUserDataDR : public ma::VfsUserData {
   long long m_streamEnd;
   long long m_circularBegin;
   long long m_circularEnd;
-  int m_encryption;              // 0: unencrypted
+  int m_encryption;               // 0: unencrypted
   unsigned char m_key[kKeySize];  // written only when encrypted
-  pthread_mutex_t m_mutex;       // default kind; guards every field above
+  pthread_mutex_t m_mutex;        // default kind; guards every field above
 };
 
 #endif  // MA_MDC_VFS_USER_DATA_DR_H_

@@ -1,18 +1,24 @@
 // The VFS core: criteria, entries and their attributes, the iterator's
-// synchronous bridge, and the recorder's user data.
+// synchronous bridge, path resolution, lookup by identifier, and the
+// recorder's user data.
 #include "ma/mdc_vfs_base.h"
 
+#include <cctype>
 #include <cstring>
 #include <utility>
 
 #include "ma/mdc_vfs_criteria.h"
 #include "ma/mdc_vfs_user_data_dr.h"
 #include "ma_internal/trace.h"
-#include "scoped_mutex_lock.h"
+#include "vfs_internal.h"
 
 namespace ma {
 
 using trace::kVfsCalls;
+using trace::kVfsFailures;
+using trace::kVfsQueries;
+using vfs_internal::kPartNotUnderstood;
+using vfs_internal::kPathNotResolved;
 using vfs_internal::ScopedMutexLock;
 
 // ---------------------------------------------------------------------------
@@ -23,16 +29,11 @@ VfsSearchCriteria::SingleCriterium::SingleCriterium(std::string const& property,
                                                     std::string const& value)
     : m_property(property), m_relation(relation), m_value(value) {}
 
-void VfsSearchCriteria::add(SingleCriterium const& criterium) {
-  m_criteria.push_back(criterium);
-}
+void VfsSearchCriteria::add(SingleCriterium const& criterium) { m_criteria.push_back(criterium); }
 
-VfsFilterCriteria::SingleCriterium::SingleCriterium(std::string const& filter)
-    : m_filter(filter) {}
+VfsFilterCriteria::SingleCriterium::SingleCriterium(std::string const& filter) : m_filter(filter) {}
 
-void VfsFilterCriteria::add(SingleCriterium const& criterium) {
-  m_criteria.push_back(criterium);
-}
+void VfsFilterCriteria::add(SingleCriterium const& criterium) { m_criteria.push_back(criterium); }
 
 // ---------------------------------------------------------------------------
 // User data
@@ -56,13 +57,9 @@ VfsEntry::~VfsEntry() {
   // base leaving the map behind, and leak checks suppress exactly this block.
 }
 
-boost::shared_ptr<VfsIterator> VfsEntry::getIterator() {
-  return boost::shared_ptr<VfsIterator>();
-}
+boost::shared_ptr<VfsIterator> VfsEntry::getIterator() { return boost::shared_ptr<VfsIterator>(); }
 
-boost::shared_ptr<VfsUserData> VfsEntry::getUserData() {
-  return boost::shared_ptr<VfsUserData>();
-}
+boost::shared_ptr<VfsUserData> VfsEntry::getUserData() { return boost::shared_ptr<VfsUserData>(); }
 
 bool VfsEntry::hasIterator() { return false; }
 
@@ -82,6 +79,119 @@ void VfsEntry::setAttribute(std::string const& name, std::string const& value) {
   // No lock, unlike the readers: callers set attributes before sharing.
   if (m_attributes == nullptr) m_attributes = new std::map<std::string, std::string>();
   (*m_attributes)[name] = value;
+}
+
+// ---------------------------------------------------------------------------
+// Path resolution
+
+int VfsEntry::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest,
+                              std::string& /*resolvedPath*/, std::string path,
+                              std::string /*query*/) {
+  if (path.empty()) {
+    rest.clear();
+    child = shared_from_this();
+    return 0;
+  }
+  // A part that starts with a letter is a query. The byte is classified as
+  // an unsigned char, so bytes above 127 are never letters in the C locale.
+  if (std::isalpha(static_cast<unsigned char>(path[0]))) {
+    MA_TRACE_AT(kVfsQueries, 367, __func__, "Found possible query: %s.\n", path.c_str());
+    if (path.compare(0, 4, "UUID") == 0) {
+      MA_TRACE_AT(kVfsQueries, 377, __func__, "Looking for uuid \"%s\".\n", path.c_str());
+      boost::shared_ptr<VfsEntry> found = findUuid(path);
+      if (found) {
+        MA_TRACE_AT(kVfsQueries, 380, __func__, "Found uuid \"%s\".\n", path.c_str());
+        rest.clear();
+        child = found;
+        return 0;
+      }
+    } else {
+      MA_TRACE_AT(kVfsQueries, 371, __func__, "Unsupported query: %s.\n", path.c_str());
+    }
+  }
+  rest.clear();
+  child.reset();
+  return kPartNotUnderstood;
+}
+
+boost::shared_ptr<VfsEntry> VfsEntry::resolvePath(std::string path) {
+  boost::shared_ptr<VfsEntry> result;
+  std::string resultPath;
+  boost::shared_ptr<VfsEntry> parent;
+  if (resolvePath(result, resultPath, parent, path, std::string()) < 0) result.reset();
+  return result;
+}
+
+int VfsEntry::resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resultPath,
+                          boost::shared_ptr<VfsEntry>& parent, std::string path,
+                          std::string query) {
+  boost::shared_ptr<VfsEntry> current = shared_from_this();
+  if (path.empty()) {
+    result = current;
+    resultPath.clear();
+    parent.reset();
+    return 0;
+  }
+  std::string remaining = path;
+  std::string resolvedPath;  // what the steps append, shared by the whole walk
+  std::string parentPath;    // resolvedPath as it stood when `current` was reached
+  for (;;) {
+    MA_TRACE_AT(kVfsCalls, 240, __func__, "Resolving path part \"%s\" childTotal = \"%s\"... \n",
+                remaining.c_str(), resolvedPath.c_str());
+    // Fresh outputs for every step, so that a step which leaves them alone
+    // fails (no child) or ends the walk (no rest) instead of looping.
+    boost::shared_ptr<VfsEntry> child;
+    std::string rest;
+    const int status = current->resolvePathPart(child, rest, resolvedPath, remaining, query);
+    if (status < 0 || !child) {
+      MA_TRACE_AT(kVfsFailures, 246, __func__,
+                  "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
+                  remaining.c_str(), status);
+      return kPathNotResolved;
+    }
+    if (rest.empty()) {
+      result = child;
+      resultPath = parentPath;
+      parent = current;
+      return 0;
+    }
+    parent = current;
+    current = child;
+    remaining = rest;
+    parentPath = resolvedPath;
+  }
+}
+
+// ---------------------------------------------------------------------------
+// Lookup by identifier
+
+boost::shared_ptr<VfsEntry> VfsEntry::findUuid(std::string const& uuid) {
+  if (!hasIterator()) return boost::shared_ptr<VfsEntry>();
+  MA_TRACE_AT(kVfsCalls, 291, __func__, "We have an iterator.\n");
+  boost::shared_ptr<VfsIterator> iterator =
+      getIterator(VfsSearchCriteria(), VfsOrderCriteria(), VfsFilterCriteria());
+  if (!iterator) return boost::shared_ptr<VfsEntry>();
+  MA_TRACE_AT(kVfsCalls, 313, __func__, "We got the iterator.\n");
+  // A fresh iterator stands on its first child: no rewind.
+  for (;;) {
+    boost::shared_ptr<VfsEntry> child = iterator->getCurrentChild();
+    if (!child) {
+      MA_TRACE_AT(kVfsCalls, 317, __func__, "No current child.\n");
+      return child;
+    }
+    boost::shared_ptr<ItemInfo> item = child->getItemInfo();
+    if (item) {
+      std::string const& candidate = item->getUUID();
+      MA_TRACE_AT(kVfsCalls, 325, __func__, "Checking cand uuid \"%s\" against \"%s\".\n",
+                  candidate.c_str(), uuid.c_str());
+      if (candidate == uuid) {
+        MA_TRACE_AT(kVfsCalls, 329, __func__, "Found match cand uuid \"%s\" against \"%s\".\n",
+                    candidate.c_str(), uuid.c_str());
+        return child;
+      }
+    }
+    iterator->advance();
+  }
 }
 
 // ---------------------------------------------------------------------------
@@ -151,12 +261,12 @@ VfsIterator::VfsIterator(boost::shared_ptr<VfsEntry> entry) : m_entry(std::move(
 VfsIterator::~VfsIterator() {}
 
 int VfsIterator::getNTotal() {
-  MA_TRACE_AT(kVfsCalls, 85, "getNTotal", "Called.\n");
+  MA_TRACE_AT(kVfsCalls, 85, __func__, "Called.\n");
   SyncCall<int> call;
   getNTotal(call.callback());
-  MA_TRACE_AT(kVfsCalls, 90, "getNTotal", "Wait %p.\n", call.semaphore());
+  MA_TRACE_AT(kVfsCalls, 90, __func__, "Wait %p.\n", call.semaphore());
   const int total = call.wait();
-  MA_TRACE_AT(kVfsCalls, 92, "getNTotal", "Wait finished.\n");
+  MA_TRACE_AT(kVfsCalls, 92, __func__, "Wait finished.\n");
   return total;
 }
 

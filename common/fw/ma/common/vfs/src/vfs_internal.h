@@ -1,11 +1,17 @@
-// ScopedMutexLock: holds a POSIX mutex for the duration of one operation.
-#ifndef MA_VFS_SCOPED_MUTEX_LOCK_H_
-#define MA_VFS_SCOPED_MUTEX_LOCK_H_
+// What the two halves of the VFS share internally: result codes and the
+// scoped lock.
+#ifndef MA_VFS_VFS_INTERNAL_H_
+#define MA_VFS_VFS_INTERNAL_H_
 
 #include <pthread.h>
 
 namespace ma {
 namespace vfs_internal {
+
+// A path step does not understand the part (ENOSYS).
+const int kPartNotUnderstood = -38;
+// A path or path part could not be resolved (ENOENT).
+const int kPathNotResolved = -2;
 
 // Locks `mutex` on construction and unlocks it on destruction. The lock's
 // result is not treated as an error: on an error-checking mutex that this
@@ -30,4 +36,4 @@ class ScopedMutexLock {
 }  // namespace vfs_internal
 }  // namespace ma
 
-#endif  // MA_VFS_SCOPED_MUTEX_LOCK_H_
+#endif  // MA_VFS_VFS_INTERNAL_H_

@@ -1,16 +1,16 @@
 // Several threads on one folder, on one recorder user data, and the
 // synchronous bridge answered from another thread, many times over.
 // Meant to run under ThreadSanitizer as well.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <atomic>
+#include <boost/shared_ptr.hpp>
 #include <climits>
 #include <future>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include <boost/shared_ptr.hpp>
-#include <gtest/gtest.h>
 
 #include "ma/mdc_vfs_fixed.h"
 #include "ma/mdc_vfs_user_data_dr.h"
@@ -72,6 +72,44 @@ TEST(VfsConcurrencyTest, ThreadsAddToFindInAndCountOneFolder) {
       ASSERT_TRUE(found) << name;
       EXPECT_EQ("caption " + name, found->getItemInfo()->getCaption());
     }
+  }
+}
+
+TEST(VfsConcurrencyTest, ThreadsAddRemoveAndFindInOneFolder) {
+  const int kEach = 100;
+  FolderPtr folder = makeFolderOf({"c0", "c1", "c2"});
+  for (int i = 0; i < kEach; ++i) {
+    folder->addEntry(makeLeaf("removable " + std::to_string(i), "r" + std::to_string(i)));
+  }
+  std::atomic<bool> stop(false);
+  std::atomic<int> lost(0);
+  std::thread adder([&folder, kEach] {
+    for (int i = 0; i < kEach; ++i) folder->addEntry(makeLeaf("added", "a" + std::to_string(i)));
+  });
+  std::thread byUuid([&folder, kEach] {
+    for (int i = 0; i < kEach; i += 2)
+      folder->removeEntryByUUID(makeLeaf("", "r" + std::to_string(i)));
+  });
+  std::thread byCaption([&folder, kEach] {
+    for (int i = 1; i < kEach; i += 2)
+      folder->removeEntry(makeLeaf("removable " + std::to_string(i)));
+  });
+  std::thread finder([&] {
+    while (!stop.load()) {
+      if (!folder->findEntry("c1")) ++lost;
+    }
+  });
+  adder.join();
+  byUuid.join();
+  byCaption.join();
+  stop = true;
+  finder.join();
+
+  EXPECT_EQ(0, lost.load());
+  EXPECT_EQ(3 + kEach, folder->getIterator()->getNTotal());
+  for (int i = 0; i < kEach; ++i) {
+    EXPECT_FALSE(folder->findEntrybyUUID("r" + std::to_string(i))) << i;
+    EXPECT_TRUE(folder->findEntrybyUUID("a" + std::to_string(i))) << i;
   }
 }
 

@@ -3,13 +3,12 @@
 #ifndef MA_VFS_TESTS_VFS_TEST_SUPPORT_H_
 #define MA_VFS_TESTS_VFS_TEST_SUPPORT_H_
 
+#include <gmock/gmock.h>
 #include <pthread.h>
 
+#include <boost/shared_ptr.hpp>
 #include <string>
 #include <vector>
-
-#include <boost/shared_ptr.hpp>
-#include <gmock/gmock.h>
 
 #include "ma/mdc_item.h"
 #include "ma/mdc_vfs_base.h"
@@ -30,8 +29,8 @@ inline ItemPtr makeItem(std::string const& caption, std::string const& uuid = ""
 
 inline EntryPtr makeLeaf(std::string const& caption, std::string const& uuid = "",
                          long long date = 0) {
-  return EntryPtr(new ma::VfsFixedEntry(makeItem(caption, uuid, date),
-                                        boost::shared_ptr<ma::VfsUserData>()));
+  return EntryPtr(
+      new ma::VfsFixedEntry(makeItem(caption, uuid, date), boost::shared_ptr<ma::VfsUserData>()));
 }
 
 // A leaf without item record.
@@ -54,6 +53,55 @@ class ProbeFolder : public ma::VfsFixedFolder {
     if (pthread_mutex_trylock(&mutexOf(*this)) != 0) return true;
     pthread_mutex_unlock(&mutexOf(*this));
     return false;
+  }
+};
+
+// An entry that keeps the base's path step and lookup but has children:
+// both iterator factories (the criteria one included) walk its list.
+// With `answers` false, it claims an iterator but hands out none.
+class BrowsableEntry : public ma::VfsEntry {
+ public:
+  explicit BrowsableEntry(ItemPtr item = ItemPtr(), bool answers = true)
+      : m_item(item), m_answers(answers) {}
+
+  void add(EntryPtr const& child) { m_children.push_back(child); }
+
+  boost::shared_ptr<ma::VfsIterator> getIterator() override { return iterate(); }
+  boost::shared_ptr<ma::VfsIterator> getIterator(ma::VfsSearchCriteria const&,
+                                                 ma::VfsOrderCriteria const&,
+                                                 ma::VfsFilterCriteria const&) override {
+    return iterate();
+  }
+  ItemPtr getItemInfo() override { return m_item; }
+  boost::shared_ptr<ma::VfsUserData> getUserData() override {
+    return boost::shared_ptr<ma::VfsUserData>();
+  }
+  bool hasIterator() override { return true; }
+
+ private:
+  boost::shared_ptr<ma::VfsIterator> iterate() {
+    if (!m_answers) return boost::shared_ptr<ma::VfsIterator>();
+    return boost::shared_ptr<ma::VfsIterator>(new ma::VfsFixedFolder::ChildrenIterator(
+        shared_from_this(), m_children.cbegin(), m_children.cend()));
+  }
+
+  ItemPtr m_item;
+  bool m_answers;
+  ma::VfsFixedFolder::Children m_children;
+};
+
+// A fixed folder whose criteria iterator factory walks its children, so
+// that identifier queries ("UUID...") find them.
+class QueryableFolder : public ma::VfsFixedFolder {
+ public:
+  explicit QueryableFolder(std::string const& caption = "queryable", std::string const& uuid = "")
+      : ma::VfsFixedFolder(ItemPtr(new ma::FolderItemInfo(caption, uuid))) {}
+
+  using ma::VfsFixedFolder::getIterator;
+  boost::shared_ptr<ma::VfsIterator> getIterator(ma::VfsSearchCriteria const&,
+                                                 ma::VfsOrderCriteria const&,
+                                                 ma::VfsFilterCriteria const&) override {
+    return getIterator();
   }
 };
 

@@ -3,13 +3,20 @@
 // A VfsEntry is one node of a browsable tree: a folder or a leaf, described
 // by an item record (ma::ItemInfo). Entries are always owned by
 // boost::shared_ptr; an entry finds its own shared pointer through
-// enable_shared_from_this, and the operations that need it (a folder's
-// iterators) throw boost::bad_weak_ptr on an entry that has no shared owner.
+// enable_shared_from_this, and the operations that need it (path resolution,
+// lookup by identifier, a folder's iterators) throw boost::bad_weak_ptr on an
+// entry that has no shared owner.
 //
 // The children of an entry are reached through a VfsIterator. Its operations
 // are asynchronous: each delivers its result to a boost::function callback,
 // maybe before it returns, maybe later on another thread. Each has a blocking
 // synchronous twin that waits on a POSIX semaphore until the callback ran.
+//
+// A path names an entry below another one. resolvePath() walks it one part
+// at a time, letting each entry reached resolve the next part through its
+// resolvePathPart(). The base step understands the empty part (the entry
+// itself) and identifier queries, parts that begin with "UUID", which name a
+// direct child by its item's identifier (findUuid()).
 //
 // Thread-safety: each entry owns an error-checking POSIX mutex. The base
 // guards the attribute readers with it; subclasses may guard their own state
@@ -22,12 +29,11 @@
 #include <pthread.h>
 #include <semaphore.h>
 
-#include <map>
-#include <string>
-
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
+#include <map>
+#include <string>
 
 #include "ma/export.h"
 #include "ma/mdc_item.h"
@@ -92,6 +98,38 @@ class MA_COMMON_EXPORT VfsEntry : public boost::enable_shared_from_this<VfsEntry
   // Takes NO lock: callers set attributes before the entry is shared between
   // threads.
   virtual void setAttribute(std::string const& name, std::string const& value);
+
+  // Resolves the first part of `path` against this entry: on success
+  // (result 0 or more) `child` is the entry the part names and `rest` what
+  // remains of `path` ("" ends the walk). A step may append its own part to
+  // `resolvedPath`, which the driver passes to every step of one walk;
+  // `query` passes through unchanged. A negative result is a failure.
+  // The base resolves "" to this entry and "UUID..." to the direct child of
+  // that identifier (findUuid(path)), and answers -38 to anything else.
+  // REQUIRES for "": the entry is owned by a shared pointer.
+  virtual int resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest,
+                              std::string& resolvedPath, std::string path, std::string query);
+
+  // The entry named by `path` below this one ("" names this entry), or an
+  // empty pointer if a step fails.
+  // REQUIRES: the entry is owned by a shared pointer.
+  boost::shared_ptr<VfsEntry> resolvePath(std::string path);
+
+  // As above, with the details: 0 on success, with `result` the entry named,
+  // `parent` the entry whose step produced it (empty for ""), `resultPath`
+  // the resolved-path text as it stood when the walk reached `parent`.
+  // -2 on failure, with `result` and `resultPath` untouched and `parent` the
+  // entry before the one that failed (untouched if the first step failed).
+  // REQUIRES: the entry is owned by a shared pointer; every step consumes
+  // at least one character or ends the walk.
+  int resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resultPath,
+                  boost::shared_ptr<VfsEntry>& parent, std::string path, std::string query);
+
+  // The first direct child, in the order of a fresh iterator from the
+  // criteria getIterator(), whose item identifier equals `uuid` exactly, or
+  // an empty pointer. Children without item are passed over; sub-folders
+  // are not searched. Blocks in the iterator's synchronous twins.
+  boost::shared_ptr<VfsEntry> findUuid(std::string const& uuid);
 
  protected:
   // The mutex of `entry`, for subclasses (and their iterators) that guard
@@ -169,8 +207,8 @@ class MA_COMMON_EXPORT TemplateSyncFunctorData {
   TemplateSyncFunctorData& operator=(TemplateSyncFunctorData const&) = delete;
   ~TemplateSyncFunctorData();
 
-  T value;            // the delivered result
-  sem_t semaphore;    // process-private; posted once per delivery
+  T value;          // the delivered result
+  sem_t semaphore;  // process-private; posted once per delivery
 };
 
 // The callback of one synchronous call: stores the delivered value into the

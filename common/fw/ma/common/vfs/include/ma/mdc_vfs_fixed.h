@@ -5,23 +5,24 @@
 // several folders). A VfsFixedEntry is a leaf with an item record and
 // optional user data. Both are always created inside a boost::shared_ptr.
 //
-// A folder's children are walked with getIterator(), a cursor over the live
-// list, which answers every request at once: the callback runs on the
-// caller's thread before the operation returns. A child is named by "$" and
-// its decimal position in the folder's list, e.g. "$2".
+// A folder's children are walked with getIterator() (a cursor over the live
+// list) or getSortedIterator() (a cursor over a sorted private copy). Both
+// iterators answer every request at once: the callback runs on the caller's
+// thread before the operation returns. A child is named by "$" and its
+// decimal position in the folder's list, e.g. "$2"; paths such as "$2$0"
+// resolve level by level (VfsEntry::resolvePath()).
 //
-// Thread-safety: addEntry, findEntry, findEntrybyUUID and an iterator's
-// getNTotal hold the folder's entry lock. getIterator() and the other
-// iterator steps read the list without it: a caller changing a folder
-// concurrently must exclude them itself. A plain iterator is invalid once its
-// folder's list has grown or shrunk.
+// Thread-safety: addEntry, findEntry, findEntrybyUUID, the removals and an
+// iterator's getNTotal hold the folder's entry lock. getIterator(), sorting,
+// path resolution and the other iterator steps read the list without it: a
+// caller changing a folder concurrently must exclude them itself. A plain
+// iterator is invalid once its folder's list has grown or shrunk.
 #ifndef MA_MDC_VFS_FIXED_H_
 #define MA_MDC_VFS_FIXED_H_
 
+#include <boost/shared_ptr.hpp>
 #include <string>
 #include <vector>
-
-#include <boost/shared_ptr.hpp>
 
 #include "ma/export.h"
 #include "ma/mdc_item.h"
@@ -89,11 +90,11 @@ class MA_COMMON_EXPORT VfsFixedFolder : public VfsEntry {
     void getCurrentChildPath(std::string path, PathCallback done) override;
 
    private:
-    VfsEntry* m_folder;                 // its entry lock guards getNTotal
+    VfsEntry* m_folder;  // its entry lock guards getNTotal
     Children::const_iterator m_begin;
     Children::const_iterator m_end;
     Children::const_iterator m_current;
-    int m_index;                        // m_current - m_begin
+    int m_index;  // m_current - m_begin
   };
 
   // A ChildrenIterator over a list that it keeps alive itself, so that it is
@@ -130,6 +131,20 @@ class MA_COMMON_EXPORT VfsFixedFolder : public VfsEntry {
   // The base's setAttribute, unchanged (no lock).
   void setAttribute(std::string const& name, std::string const& value) override;
 
+  // Besides the base's parts: an index part "N" or "$N" (decimal, as strtol
+  // reads it; trailing characters ignored) names child N of the list, and
+  // what follows the next "$" is the rest. Appends "$" and the index text to
+  // `partInfo`. -2 on a bad or out-of-range index, with a failure trace.
+  int resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest, std::string& partInfo,
+                      std::string path, std::string query) override;
+
+  // A SharedVectorIterator over a sorted copy of the children:
+  // "+dc:title" by caption ascending, "-dc:title" descending, anything else
+  // by date, newest first. Children without item (and empty pointers) come
+  // last, in list order. Takes no lock. Throws boost::bad_weak_ptr if the
+  // folder has no shared owner.
+  virtual boost::shared_ptr<VfsIterator> getSortedIterator(std::string const& criteria);
+
   // Appends `entry` to the children, unchecked (empty pointers, duplicates
   // and the folder itself included). Always 0.
   int addEntry(boost::shared_ptr<VfsEntry> entry);
@@ -139,6 +154,21 @@ class MA_COMMON_EXPORT VfsFixedFolder : public VfsEntry {
   // REQUIRES: every child has an item.
   boost::shared_ptr<VfsEntry> findEntry(std::string const& caption);
   boost::shared_ptr<VfsEntry> findEntrybyUUID(std::string const& uuid);
+
+  // Removes the first child whose item's caption (identifier) equals that of
+  // `entry`'s item; the others keep their order. Always 0, match or not.
+  // REQUIRES: `entry` and every child have an item.
+  int removeEntry(boost::shared_ptr<VfsEntry> entry);
+  int removeEntryByUUID(boost::shared_ptr<VfsEntry> entry);
+  // Removes every child. Always 0.
+  int removeAllEntries();
+
+  // Sort orders: whether `a` goes before `b`. An empty entry or one without
+  // item compares false both ways.
+  static bool compareCaptionInc(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b);
+  static bool compareCaptionDec(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b);
+  static bool compareDateInc(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b);
+  static bool compareDateDec(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b);
 
  private:
   boost::shared_ptr<ItemInfo> m_item;

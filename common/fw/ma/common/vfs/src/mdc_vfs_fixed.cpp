@@ -92,9 +92,28 @@ SortOrder sortOrderFor(std::string const& criteria) {
 // A child's sort key, taken from its item once, and its list position.
 struct SortKey {
   std::string const* caption;  // owned by the item, kept alive by the caller
+  unsigned long long head;     // captionHead(*caption)
   long long date;
   std::size_t position;
 };
+
+// The first eight bytes of `caption` as a big-endian number, padded with
+// zero bytes. Where two heads differ, they order the captions as the byte-wise
+// comparison does; equal heads leave the decision to the whole captions.
+unsigned long long captionHead(std::string const& caption) {
+  unsigned long long head = 0;
+  for (std::size_t i = 0; i < 8; ++i) {
+    const unsigned char byte = i < caption.size() ? static_cast<unsigned char>(caption[i]) : 0;
+    head = head << 8 | byte;
+  }
+  return head;
+}
+
+// -1, 0 or 1 as `a`'s caption sorts before, with or after `b`'s.
+int compareCaptions(SortKey const& a, SortKey const& b) {
+  if (a.head != b.head) return a.head < b.head ? -1 : 1;
+  return a.caption->compare(*b.caption);
+}
 
 // `children` sorted in `order` by the keys that the comparators
 // (compareCaption*, compareDate*) compare.
@@ -105,7 +124,7 @@ struct SortKey {
 // placed last, in list order (their place is otherwise unspecified); the
 // others are sorted with ties broken by list position, a strict total order
 // that is also stable. Each item is asked for its key once, not once per
-// comparison.
+// comparison, and captions mostly compare by their first bytes alone.
 VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children,
                                         SortOrder order) {
   std::vector<ItemPtr> items(children.size());  // keep the keys alive
@@ -117,9 +136,10 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
     if (!items[i]) {
       keyless.push_back(i);
     } else if (order == SortOrder::kDateDescending) {
-      keyed.push_back({nullptr, items[i]->getDateNumeric(), i});
+      keyed.push_back({nullptr, 0, items[i]->getDateNumeric(), i});
     } else {
-      keyed.push_back({&items[i]->getCaption(), 0, i});
+      std::string const& caption = items[i]->getCaption();
+      keyed.push_back({&caption, captionHead(caption), 0, i});
     }
   }
 
@@ -130,7 +150,7 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
   } else {
     const bool descending = order == SortOrder::kCaptionDescending;
     std::sort(keyed.begin(), keyed.end(), [descending](SortKey const& a, SortKey const& b) {
-      const int byCaption = a.caption->compare(*b.caption);
+      const int byCaption = compareCaptions(a, b);
       if (byCaption == 0) return a.position < b.position;
       return descending ? byCaption > 0 : byCaption < 0;
     });

@@ -86,6 +86,25 @@ TEST(VfsSortingTest, CaptionsCompareAsUnsignedBytes) {
   EXPECT_THAT(sortedCaptions(folder, "+dc:title"), ElementsAre("\x01", "z", "\xc3\xa9"));
 }
 
+TEST(VfsSortingTest, LongCaptionsWithACommonBeginningSortByTheirWholeText) {
+  FolderPtr folder = makeFolderOf({"Recording b", "Recording a", "Recordin", "Recording",
+                                   "Recording ab", "Recordinf"});
+  EXPECT_THAT(sortedCaptions(folder, "+dc:title"),
+              ElementsAre("Recordin", "Recordinf", "Recording", "Recording a", "Recording ab",
+                          "Recording b"));
+  EXPECT_THAT(sortedCaptions(folder, "-dc:title"),
+              ElementsAre("Recording b", "Recording ab", "Recording a", "Recording", "Recordinf",
+                          "Recordin"));
+}
+
+TEST(VfsSortingTest, CaptionsWithZeroAndHighBytesSortByteWise) {
+  const std::string withZero("a\0", 2);
+  const std::string withZeroAndMore("a\0b", 3);
+  FolderPtr folder = makeFolderOf({withZeroAndMore, "\xff", "a", withZero, "\x7f", "a\x01"});
+  EXPECT_THAT(sortedCaptions(folder, "+dc:title"),
+              ElementsAre("a", withZero, withZeroAndMore, "a\x01", "\x7f", "\xff"));
+}
+
 TEST(VfsSortingTest, AnyOtherCriteriaGiveNewestFirstByDate) {
   FolderPtr folder = folderDated({5, -3, 100, 0, LLONG_MIN, LLONG_MAX});
   for (const char* criteria : {"+DC:TITLE", "dc:title", "", "-dc:date", "+dc:date", " +dc:title"}) {

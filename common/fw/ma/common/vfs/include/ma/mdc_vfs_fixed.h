@@ -140,9 +140,10 @@ class MA_COMMON_EXPORT VfsFixedFolder : public VfsEntry {
 
   // A SharedVectorIterator over a sorted copy of the children:
   // "+dc:title" by caption ascending, "-dc:title" descending, anything else
-  // by date, newest first. Children without item (and empty pointers) come
-  // last, in list order. Takes no lock. Throws boost::bad_weak_ptr if the
-  // folder has no shared owner.
+  // by date, newest first. Children with equal keys keep their list order;
+  // children without item (and empty pointers) come last, in list order.
+  // Takes no lock. Throws boost::bad_weak_ptr if the folder has no shared
+  // owner.
   virtual boost::shared_ptr<VfsIterator> getSortedIterator(std::string const& criteria);
 
   // Appends `entry` to the children, unchecked (empty pointers, duplicates

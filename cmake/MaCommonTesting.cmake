@@ -33,8 +33,25 @@ function(ma_common_add_test name)
   target_link_libraries(${name} PRIVATE
     ${library} ma-test-support GTest::gmock ${ARG_LIBRARIES})
   ma_common_set_warnings(${name})
-  gtest_discover_tests(${name}
-    DISCOVERY_MODE PRE_TEST
-    DISCOVERY_TIMEOUT 120
-    PROPERTIES LABELS "${name}")
+  set_property(GLOBAL APPEND PROPERTY MA_COMMON_TEST_PROGRAMS "$<TARGET_FILE:${name}>")
+  if(CMAKE_CROSSCOMPILING)
+    # Under the emulator a process start is expensive: one CTest test runs
+    # the whole program, whose own output names any failing case.
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES LABELS "${name}")
+  else()
+    gtest_discover_tests(${name}
+      NO_PRETTY_TYPES NO_PRETTY_VALUES
+      DISCOVERY_MODE PRE_TEST
+      DISCOVERY_TIMEOUT 120
+      PROPERTIES LABELS "${name}")
+  endif()
+endfunction()
+
+# test-programs.txt in the build folder lists every test program, one a line,
+# for tools that run whole programs (scripts/valgrind.sh).
+function(ma_common_write_test_program_list)
+  get_property(programs GLOBAL PROPERTY MA_COMMON_TEST_PROGRAMS)
+  list(JOIN programs "\n" content)
+  file(GENERATE OUTPUT "${CMAKE_BINARY_DIR}/test-programs.txt" CONTENT "${content}\n")
 endfunction()

@@ -1,0 +1,113 @@
+// Accessor signatures of the field store. Client binaries call them by their
+// mangled names, which depend on the exact parameter and result types and on
+// const-ness; the facade's are pinned by the field table test.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <type_traits>
+
+#include "ma/mdc_item.h"
+
+namespace {
+
+using Store = ma::ItemInfo::ItemImpl;
+
+template <class Expected, class Actual>
+constexpr bool same(Actual) {
+  return std::is_same<Expected, Actual>::value;
+}
+
+// Const getters and setters of the store.
+#define EXPECT_STORE_TEXT(get, set)                                                  \
+  static_assert(same<std::string const& (Store::*)() const>(&Store::get), #get);     \
+  static_assert(same<void (Store::*)(std::string const&)>(&Store::set), #set)
+#define EXPECT_STORE_NUMBER(type, get, set)                                          \
+  static_assert(same<type const& (Store::*)() const>(&Store::get), #get);            \
+  static_assert(same<void (Store::*)(type const&)>(&Store::set), #set)
+// The recording getters are not const on the store.
+#define EXPECT_STORE_RECORDING_TEXT(get, set)                                        \
+  static_assert(same<std::string const& (Store::*)()>(&Store::get), #get);           \
+  static_assert(same<void (Store::*)(std::string const&)>(&Store::set), #set)
+
+EXPECT_STORE_TEXT(getItemSubType, setItemSubType);
+EXPECT_STORE_TEXT(getCaption, setCaption);
+EXPECT_STORE_TEXT(getOriginalAncestor, setOriginalAncestor);
+EXPECT_STORE_TEXT(getCreator, setCreator);
+EXPECT_STORE_TEXT(getOriginalUuid, setOriginalUuid);
+EXPECT_STORE_TEXT(getOriginalVolume, setOriginalVolume);
+EXPECT_STORE_TEXT(getLocator, setLocator);
+EXPECT_STORE_TEXT(getPlaytime, setPlaytime);
+EXPECT_STORE_TEXT(getThumbURL, setThumbURL);
+EXPECT_STORE_TEXT(getStationName, setStationName);
+EXPECT_STORE_TEXT(getStationDescription, setStationDescription);
+EXPECT_STORE_TEXT(getLongStationDescription, setLongStationDescription);
+EXPECT_STORE_TEXT(getTitle, setTitle);
+EXPECT_STORE_TEXT(getGenre, setGenre);
+EXPECT_STORE_TEXT(getDescription, setDescription);
+EXPECT_STORE_TEXT(getComment, setComment);
+EXPECT_STORE_TEXT(getDate, setDate);
+EXPECT_STORE_TEXT(getUserIndex, setUserIndex);
+EXPECT_STORE_TEXT(getParentalRating, setParentalRating);
+EXPECT_STORE_TEXT(getCreationTime, setCreationTime);
+EXPECT_STORE_TEXT(getModificationTime, setModificationTime);
+EXPECT_STORE_TEXT(getEncryptionScheme, setEncryptionScheme);
+EXPECT_STORE_TEXT(getEncryptionInfo, setEncryptionInfo);
+EXPECT_STORE_TEXT(getDisplayRules, setDisplayRules);
+EXPECT_STORE_TEXT(getTunerUUID, setTunerUUID);
+EXPECT_STORE_TEXT(getArtist, setArtist);
+EXPECT_STORE_TEXT(getAlbum, setAlbum);
+EXPECT_STORE_TEXT(getAlbumUUID, setAlbumUUID);
+EXPECT_STORE_TEXT(getTrackNum, setTrackNum);
+EXPECT_STORE_TEXT(getYear, setYear);
+EXPECT_STORE_TEXT(getBitrate, setBitrate);
+EXPECT_STORE_RECORDING_TEXT(getRecStartTime, setRecStartTime);
+EXPECT_STORE_RECORDING_TEXT(getRecEndTime, setRecEndTime);
+EXPECT_STORE_RECORDING_TEXT(getRecDuration, setRecDuration);
+EXPECT_STORE_RECORDING_TEXT(getRecTsId, setRecTsId);
+EXPECT_STORE_RECORDING_TEXT(getRecServiceId, setRecServiceId);
+EXPECT_STORE_RECORDING_TEXT(getRecOnId, setRecOnId);
+EXPECT_STORE_RECORDING_TEXT(getRecEventType, setRecEventType);
+EXPECT_STORE_RECORDING_TEXT(getRecFailType, setRecFailType);
+EXPECT_STORE_NUMBER(int, getPreviewPage, setPreviewPage);
+EXPECT_STORE_NUMBER(int, getSubtitlePage, setSubtitlePage);
+EXPECT_STORE_NUMBER(int, getEncoding, setEncoding);
+EXPECT_STORE_NUMBER(unsigned long long, getFileSize, setFileSize);
+EXPECT_STORE_NUMBER(long long, getDateNumeric, setDateNumeric);
+EXPECT_STORE_NUMBER(int, getAttributes, setAttributes);
+EXPECT_STORE_NUMBER(unsigned int, getMaxPosition, setMaxPosition);
+EXPECT_STORE_NUMBER(unsigned int, getResumePosition, setResumePosition);
+EXPECT_STORE_NUMBER(int, getVolumeCorrection, setVolumeCorrection);
+EXPECT_STORE_NUMBER(unsigned int, getSoundSelection, setSoundSelection);
+EXPECT_STORE_NUMBER(unsigned int, getLcn, setLcn);
+EXPECT_STORE_NUMBER(int, getEpgTheme, setEpgTheme);
+EXPECT_STORE_NUMBER(int, getNetworkID, setNetworkID);
+static_assert(same<int const& (Store::*)()>(&Store::getRecChnum), "getRecChnum");
+static_assert(same<void (Store::*)(int const&)>(&Store::setRecChnum), "setRecChnum");
+static_assert(same<bool (Store::*)() const>(&Store::isReceivable), "isReceivable");
+static_assert(same<void (Store::*)(bool)>(&Store::setVisible), "setVisible");
+static_assert(same<bool (Store::*)() const>(&Store::isSelectable), "isSelectable");
+static_assert(same<ma::itemType const& (Store::*)() const>(&Store::getItemType), "getItemType");
+static_assert(same<void (Store::*)(ma::itemType)>(&Store::setItemType), "setItemType");
+static_assert(same<std::string const& (Store::*)() const>(&Store::getUUID), "getUUID");
+static_assert(same<std::string (*)(std::string const&)>(&Store::stripValue), "stripValue");
+static_assert(same<ma::itemType (ma::ItemInfo::*)() const>(&ma::ItemInfo::getItemType),
+              "facade item type by value");
+static_assert(same<void (ma::VideoItemInfo::*)(std::string)>(&ma::VideoItemInfo::setStartTime),
+              "start time by value");
+static_assert(same<bool (ma::ItemInfo::*)(ma::ItemInfo const&)>(&ma::ItemInfo::operator==),
+              "non-const comparison");
+
+// The store's recording getters work on a non-const store.
+TEST(ItemStoreSignatures, RecordingGettersReadTheStoredValues) {
+  Store store(ma::ITEM_TYPE_VIDEO, "c", "u");
+  store.setRecOnId("on");
+  store.setRecChnum(12);
+  EXPECT_EQ("on", store.getRecOnId());
+  EXPECT_EQ(12, store.getRecChnum());
+}
+
+// Records are not assignable: a facade owns its store.
+static_assert(!std::is_copy_assignable<ma::FolderItemInfo>::value, "no record assignment");
+static_assert(std::is_abstract<ma::ItemInfo>::value, "the facade is abstract");
+
+}  // namespace

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Builds and runs the whole test suite: on the host (debug, ASan+UBSan, TSan,
+# valgrind) and on the ARM target under qemu-arm.
+#
+#   scripts/test.sh               every configuration
+#   scripts/test.sh arm host-asan only the named presets
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh
+
+presets=("$@")
+[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind)
+jobs=$(nproc)
+
+run_preset() {
+  local preset=$1
+  echo "=== ${preset}: configure and build"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset" -j"$jobs"
+  echo "=== ${preset}: test"
+  ctest --preset "$preset" -j"$jobs"
+}
+
+for preset in "${presets[@]}"; do
+  case "$preset" in
+    valgrind) scripts/valgrind.sh ;;
+    *) run_preset "$preset" ;;
+  esac
+done
+echo "=== all of ${presets[*]} passed"

@@ -131,8 +131,15 @@ TEST(VfsBridgeTest, GetCurrentChildPathPassesThePathAndReturnsTheDeliveredText) 
   InlineIterator iterator;
   iterator.suffix = "$1";
   EXPECT_EQ("/a$1", iterator.getCurrentChildPath("/a"));
+  EXPECT_THAT(iterator.calls, ElementsAre("getCurrentChildPath(/a)"));
+}
+
+TEST(VfsBridgeTest, GetCurrentChildPathPassesAnEmptyPathThrough) {
+  InlineIterator iterator;
+  EXPECT_EQ("", iterator.getCurrentChildPath(""));
+  iterator.suffix = "$1";
   EXPECT_EQ("$1", iterator.getCurrentChildPath(""));
-  EXPECT_THAT(iterator.calls, ElementsAre("getCurrentChildPath(/a)", "getCurrentChildPath()"));
+  EXPECT_THAT(iterator.calls, ElementsAre("getCurrentChildPath()", "getCurrentChildPath()"));
 }
 
 TEST(VfsBridgeTest, CallbackCalledTwiceReturnsTheLastValueAndDestroysOnce) {

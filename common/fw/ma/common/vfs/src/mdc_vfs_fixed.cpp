@@ -1,0 +1,404 @@
+// The fixed tree: leaves, folders, the folders' children iterators, sorted
+// iteration, positional path parts and removal.
+#include "ma/mdc_vfs_fixed.h"
+
+#include <errno.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "ma_internal/trace.h"
+#include "vfs_internal.h"
+
+namespace ma {
+
+using trace::kVfsCalls;
+using trace::kVfsFailures;
+using vfs_internal::kPathNotResolved;
+using vfs_internal::ScopedMutexLock;
+
+typedef boost::shared_ptr<ItemInfo> ItemPtr;
+
+namespace {
+
+// The item text a folder lookup compares: caption or identifier.
+typedef std::string const& (ItemInfo::*ItemText)() const;
+
+// The position of the first child whose item's `text` equals `wanted`, or
+// the number of children; `onMismatch` sees the item of every child passed
+// over. Range-checked access; every child must have an item. The caller
+// holds the folder's lock.
+template <typename OnMismatch>
+std::size_t findFirstChild(VfsFixedFolder::Children const& children, ItemText text,
+                           std::string const& wanted, OnMismatch onMismatch) {
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    ItemPtr item = children.at(i)->getItemInfo();
+    if (((*item).*text)() == wanted) return i;
+    onMismatch(*item);
+  }
+  return children.size();
+}
+
+std::size_t findFirstChild(VfsFixedFolder::Children const& children, ItemText text,
+                           std::string const& wanted) {
+  return findFirstChild(children, text, wanted, [](ItemInfo const&) {});
+}
+
+// The child at `position`, or an empty pointer past the end.
+boost::shared_ptr<VfsEntry> childOrEmpty(VfsFixedFolder::Children const& children,
+                                         std::size_t position) {
+  return position < children.size() ? children[position] : boost::shared_ptr<VfsEntry>();
+}
+
+// strtol in base 10 as on the 32-bit target, where long is 32 bits wide:
+// where long is wider, a value outside the 32-bit range is reported the way
+// the target's strtol reports it (the nearest limit, errno ERANGE), so that
+// paths resolve alike everywhere. errno is left as it was otherwise.
+long parseIndex(char const* text, char** end) {
+  long value = std::strtol(text, end, 10);
+#if LONG_MAX > INT_MAX
+  if (value > INT_MAX || value < INT_MIN) {
+    value = value > INT_MAX ? INT_MAX : INT_MIN;
+    errno = ERANGE;
+  }
+#endif
+  return value;
+}
+
+// Whether `a` and `b` are both non-empty and have items; if so, the items.
+// Asks `a` for its item before looking at `b`.
+bool itemsOf(boost::shared_ptr<VfsEntry> const& a, boost::shared_ptr<VfsEntry> const& b,
+             ItemPtr& itemA, ItemPtr& itemB) {
+  if (!a) return false;
+  itemA = a->getItemInfo();
+  if (!itemA || !b) return false;
+  itemB = b->getItemInfo();
+  return static_cast<bool>(itemB);
+}
+
+// The orders that a sort criteria string selects.
+enum class SortOrder { kCaptionAscending, kCaptionDescending, kDateDescending };
+
+SortOrder sortOrderFor(std::string const& criteria) {
+  if (criteria == "-dc:title") return SortOrder::kCaptionDescending;
+  if (criteria == "+dc:title") return SortOrder::kCaptionAscending;
+  return SortOrder::kDateDescending;
+}
+
+// A child's sort key, taken from its item once, and its list position.
+struct SortKey {
+  std::string const* caption;  // owned by the item, kept alive by the caller
+  unsigned long long head;     // captionHead(*caption)
+  long long date;
+  std::size_t position;
+};
+
+// The first eight bytes of `caption` as a big-endian number, padded with
+// zero bytes. Where two heads differ, they order the captions as the byte-wise
+// comparison does; equal heads leave the decision to the whole captions.
+unsigned long long captionHead(std::string const& caption) {
+  unsigned long long head = 0;
+  for (std::size_t i = 0; i < 8; ++i) {
+    const unsigned char byte = i < caption.size() ? static_cast<unsigned char>(caption[i]) : 0;
+    head = head << 8 | byte;
+  }
+  return head;
+}
+
+// -1, 0 or 1 as `a`'s caption sorts before, with or after `b`'s.
+int compareCaptions(SortKey const& a, SortKey const& b) {
+  if (a.head != b.head) return a.head < b.head ? -1 : 1;
+  return a.caption->compare(*b.caption);
+}
+
+// `children` sorted in `order` by the keys that the comparators
+// (compareCaption*, compareDate*) compare.
+//
+// Those comparators call an empty child, or one without item, equal to
+// every other child. That is not a strict weak ordering, and std::sort
+// given one may read outside the range. So such children are set apart and
+// placed last, in list order (their place is otherwise unspecified); the
+// others are sorted with ties broken by list position, a strict total order
+// that is also stable. Each item is asked for its key once, not once per
+// comparison, and captions mostly compare by their first bytes alone.
+VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children,
+                                        SortOrder order) {
+  std::vector<ItemPtr> items(children.size());  // keep the keys alive
+  std::vector<SortKey> keyed;
+  std::vector<std::size_t> keyless;
+  keyed.reserve(children.size());
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    if (children[i]) items[i] = children[i]->getItemInfo();
+    if (!items[i]) {
+      keyless.push_back(i);
+    } else if (order == SortOrder::kDateDescending) {
+      keyed.push_back({nullptr, 0, items[i]->getDateNumeric(), i});
+    } else {
+      std::string const& caption = items[i]->getCaption();
+      keyed.push_back({&caption, captionHead(caption), 0, i});
+    }
+  }
+
+  if (order == SortOrder::kDateDescending) {
+    std::sort(keyed.begin(), keyed.end(), [](SortKey const& a, SortKey const& b) {
+      return a.date != b.date ? a.date > b.date : a.position < b.position;
+    });
+  } else {
+    const bool descending = order == SortOrder::kCaptionDescending;
+    std::sort(keyed.begin(), keyed.end(), [descending](SortKey const& a, SortKey const& b) {
+      const int byCaption = compareCaptions(a, b);
+      if (byCaption == 0) return a.position < b.position;
+      return descending ? byCaption > 0 : byCaption < 0;
+    });
+  }
+
+  VfsFixedFolder::Children sorted;
+  sorted.reserve(children.size());
+  for (SortKey const& key : keyed) sorted.push_back(children[key.position]);
+  for (std::size_t position : keyless) sorted.push_back(children[position]);
+  return sorted;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------
+// Leaf
+
+VfsFixedEntry::VfsFixedEntry(boost::shared_ptr<ItemInfo> item,
+                             boost::shared_ptr<VfsUserData> userData)
+    : m_item(std::move(item)), m_userData(std::move(userData)) {}
+
+VfsFixedEntry::~VfsFixedEntry() {}
+
+boost::shared_ptr<VfsIterator> VfsFixedEntry::getIterator(VfsSearchCriteria const& /*search*/,
+                                                          VfsOrderCriteria const& /*order*/,
+                                                          VfsFilterCriteria const& /*filter*/) {
+  return boost::shared_ptr<VfsIterator>();
+}
+
+boost::shared_ptr<ItemInfo> VfsFixedEntry::getItemInfo() { return m_item; }
+
+boost::shared_ptr<VfsUserData> VfsFixedEntry::getUserData() { return m_userData; }
+
+// ---------------------------------------------------------------------------
+// Children iterators
+
+VfsFixedFolder::ChildrenIterator::ChildrenIterator(boost::shared_ptr<VfsEntry> entry,
+                                                   Children::const_iterator begin,
+                                                   Children::const_iterator end)
+    : VfsIterator(entry),
+      m_folder(entry.get()),
+      m_begin(begin),
+      m_end(end),
+      m_current(begin),
+      m_index(0) {}
+
+VfsFixedFolder::ChildrenIterator::~ChildrenIterator() {}
+
+void VfsFixedFolder::ChildrenIterator::getNTotal(IntCallback done) {
+  MA_TRACE_AT(kVfsCalls, 55, __func__, "Called.\n");
+  ScopedMutexLock lock(mutexOf(*m_folder));
+  done(static_cast<int>(m_end - m_begin));
+}
+
+void VfsFixedFolder::ChildrenIterator::rewind(IntCallback done) {
+  MA_TRACE_AT(kVfsCalls, 62, __func__, "Called.\n");
+  m_current = m_begin;
+  m_index = 0;
+  done(0);
+}
+
+void VfsFixedFolder::ChildrenIterator::advance(IntCallback done) {
+  MA_TRACE_AT(kVfsCalls, 71, __func__, "Called.\n");
+  ++m_current;  // unchecked: callers stay within the count
+  ++m_index;
+  done(m_index);
+}
+
+void VfsFixedFolder::ChildrenIterator::seekTo(int position, IntCallback done) {
+  MA_TRACE_AT(kVfsCalls, 80, __func__, "Called.\n");
+  m_index = position < 1 ? 0 : position;
+  m_current = m_begin + m_index;  // unchecked: callers stay within the count
+  done(m_index);
+}
+
+void VfsFixedFolder::ChildrenIterator::getCurrentChild(EntryCallback done) {
+  MA_TRACE_AT(kVfsCalls, 94, __func__, "Called.\n");
+  done(m_current == m_end ? boost::shared_ptr<VfsEntry>() : *m_current);
+}
+
+void VfsFixedFolder::ChildrenIterator::getCurrentChildPath(std::string path, PathCallback done) {
+  MA_TRACE_AT(kVfsCalls, 105, __func__, "Called.\n");
+  done(path + "$" + std::to_string(m_index));
+}
+
+VfsFixedFolder::SharedVectorIterator::SharedVectorIterator(boost::shared_ptr<VfsEntry> entry,
+                                                           boost::shared_ptr<const Children> vector)
+    : ChildrenIterator(std::move(entry), vector->begin(), vector->end()),
+      m_vector(std::move(vector)) {}
+
+VfsFixedFolder::SharedVectorIterator::~SharedVectorIterator() {}
+
+// ---------------------------------------------------------------------------
+// Folder
+
+VfsFixedFolder::VfsFixedFolder(boost::shared_ptr<ItemInfo> item) : m_item(std::move(item)) {}
+
+VfsFixedFolder::~VfsFixedFolder() {}
+
+boost::shared_ptr<VfsIterator> VfsFixedFolder::getIterator() {
+  MA_TRACE_AT(kVfsCalls, 157, __func__, "Called.\n");
+  return boost::shared_ptr<VfsIterator>(
+      new ChildrenIterator(shared_from_this(), m_children.cbegin(), m_children.cend()));
+}
+
+boost::shared_ptr<VfsIterator> VfsFixedFolder::getIterator(VfsSearchCriteria const& /*search*/,
+                                                           VfsOrderCriteria const& /*order*/,
+                                                           VfsFilterCriteria const& /*filter*/) {
+  return boost::shared_ptr<VfsIterator>();
+}
+
+boost::shared_ptr<ItemInfo> VfsFixedFolder::getItemInfo() { return m_item; }
+
+boost::shared_ptr<VfsUserData> VfsFixedFolder::getUserData() {
+  return boost::shared_ptr<VfsUserData>();
+}
+
+bool VfsFixedFolder::hasIterator() { return true; }
+
+void VfsFixedFolder::setAttribute(std::string const& name, std::string const& value) {
+  VfsEntry::setAttribute(name, value);
+}
+
+int VfsFixedFolder::addEntry(boost::shared_ptr<VfsEntry> entry) {
+  ScopedMutexLock lock(mutexOf(*this));
+  m_children.push_back(std::move(entry));
+  return 0;
+}
+
+int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest,
+                                    std::string& partInfo, std::string path, std::string query) {
+  const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
+  if (understood >= 0) return understood;
+  rest.clear();
+  child.reset();
+  // An empty part never gets here: the base step names this folder for it.
+  if (path[0] == '$') path.erase(0, 1);
+  const std::string::size_type separator = path.find('$');
+  const std::string index = path.substr(0, separator);
+  if (index.empty()) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", path.c_str());
+    return kPathNotResolved;
+  }
+  // errno is deliberately not cleared first: an ERANGE left over from
+  // earlier makes an index at a 32-bit limit fail as unparsable.
+  char* end = nullptr;
+  const long position = parseIndex(index.c_str(), &end);
+  if (errno == ERANGE && (position == INT_MAX || position == INT_MIN)) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #1.\n",
+                path.c_str());
+    return kPathNotResolved;
+  }
+  if (end == index.c_str()) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #2.\n",
+                path.c_str());
+    return kPathNotResolved;
+  }
+  partInfo += '$';
+  partInfo.append(index, 0, static_cast<std::size_t>(end - index.c_str()));  // blanks, sign too
+  if (position < 0 || position >= static_cast<long>(m_children.size())) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
+                "Path: \"%s\" with path part \"%s\" specifies child that is out of range.\n",
+                path.c_str(), index.c_str());
+    return kPathNotResolved;
+  }
+  try {
+    child = m_children.at(static_cast<std::size_t>(position));
+  } catch (std::out_of_range const&) {  // the list shrank meanwhile
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
+                "Path: \"%s\" with path part \"%s\" specifies child that is out of range by "
+                "exception.\n",
+                path.c_str(), index.c_str());
+    return kPathNotResolved;
+  }
+  rest = separator == std::string::npos ? std::string() : path.substr(separator + 1);
+  return 0;
+}
+
+boost::shared_ptr<VfsIterator> VfsFixedFolder::getSortedIterator(std::string const& criteria) {
+  // Read without lock: callers exclude concurrent changes of the folder.
+  boost::shared_ptr<const Children> sorted(
+      new Children(sortedChildren(m_children, sortOrderFor(criteria))));
+  return boost::shared_ptr<VfsIterator>(new SharedVectorIterator(shared_from_this(), sorted));
+}
+
+bool VfsFixedFolder::compareCaptionInc(boost::shared_ptr<VfsEntry> a,
+                                       boost::shared_ptr<VfsEntry> b) {
+  ItemPtr itemA, itemB;
+  return itemsOf(a, b, itemA, itemB) && itemA->getCaption() < itemB->getCaption();
+}
+
+bool VfsFixedFolder::compareCaptionDec(boost::shared_ptr<VfsEntry> a,
+                                       boost::shared_ptr<VfsEntry> b) {
+  ItemPtr itemA, itemB;
+  return itemsOf(a, b, itemA, itemB) && itemA->getCaption() > itemB->getCaption();
+}
+
+bool VfsFixedFolder::compareDateInc(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b) {
+  ItemPtr itemA, itemB;
+  return itemsOf(a, b, itemA, itemB) && itemA->getDateNumeric() < itemB->getDateNumeric();
+}
+
+bool VfsFixedFolder::compareDateDec(boost::shared_ptr<VfsEntry> a, boost::shared_ptr<VfsEntry> b) {
+  ItemPtr itemA, itemB;
+  return itemsOf(a, b, itemA, itemB) && itemB->getDateNumeric() < itemA->getDateNumeric();
+}
+
+boost::shared_ptr<VfsEntry> VfsFixedFolder::findEntry(std::string const& caption) {
+  ScopedMutexLock lock(mutexOf(*this));
+  return childOrEmpty(m_children, findFirstChild(m_children, &ItemInfo::getCaption, caption));
+}
+
+boost::shared_ptr<VfsEntry> VfsFixedFolder::findEntrybyUUID(std::string const& uuid) {
+  ScopedMutexLock lock(mutexOf(*this));
+  return childOrEmpty(m_children, findFirstChild(m_children, &ItemInfo::getUUID, uuid));
+}
+
+int VfsFixedFolder::removeEntry(boost::shared_ptr<VfsEntry> entry) {
+  ScopedMutexLock lock(mutexOf(*this));
+  const std::string caption = entry->getItemInfo()->getCaption();
+  const std::size_t found = findFirstChild(m_children, &ItemInfo::getCaption, caption);
+  if (found < m_children.size()) m_children.erase(m_children.begin() + found);
+  return 0;
+}
+
+int VfsFixedFolder::removeEntryByUUID(boost::shared_ptr<VfsEntry> entry) {
+  MA_TRACE_AT(kVfsCalls, __LINE__, __func__, "Called.\n");
+  ScopedMutexLock lock(mutexOf(*this));
+  const std::string uuid = entry->getItemInfo()->getUUID();
+  MA_TRACE_AT(kVfsCalls, __LINE__, __func__, "Attempting to remove: '%s'.\n", uuid.c_str());
+  const std::size_t found =
+      findFirstChild(m_children, &ItemInfo::getUUID, uuid, [](ItemInfo const& passed) {
+        MA_TRACE_AT(kVfsCalls, __LINE__, "removeEntryByUUID", "Traversing: '%s' '%s'.\n",
+                    passed.getCaption().c_str(), passed.getUUID().c_str());
+      });
+  if (found < m_children.size()) {
+    ItemPtr removed = m_children[found]->getItemInfo();
+    MA_TRACE_AT(kVfsCalls, __LINE__, __func__, "Removing: '%s' '%s'.\n",
+                removed->getCaption().c_str(), removed->getUUID().c_str());
+    m_children.erase(m_children.begin() + found);
+  }
+  return 0;
+}
+
+int VfsFixedFolder::removeAllEntries() {
+  ScopedMutexLock lock(mutexOf(*this));
+  m_children.clear();  // releases the children in list order, keeps the storage
+  return 0;
+}
+
+}  // namespace ma

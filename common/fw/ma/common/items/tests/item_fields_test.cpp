@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <limits>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,9 @@ struct FieldCase {
   const void* neutralAddress;
   bool locatedReport;        // the sub-type accessors' own missing-store line
 };
+
+// Names a case by its getter in test output.
+void PrintTo(const FieldCase& field, std::ostream* out) { *out << field.getter; }
 
 using TextGetter = std::string const& (ItemInfo::*)() const;
 using TextSetter = void (ItemInfo::*)(std::string const&);

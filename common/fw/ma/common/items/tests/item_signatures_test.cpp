@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "ma/mdc_item.h"
+#include "ma_test/vtable_slot.h"
 
 namespace {
 
@@ -109,5 +110,25 @@ TEST(ItemStoreSignatures, RecordingGettersReadTheStoredValues) {
 // Records are not assignable: a facade owns its store.
 static_assert(!std::is_copy_assignable<ma::FolderItemInfo>::value, "no record assignment");
 static_assert(std::is_abstract<ma::ItemInfo>::value, "the facade is abstract");
+
+// Virtual slot order: destructors first, then the declared order.
+TEST(ItemVirtualSlots, FieldStoreSlotsFollowTheDestructors) {
+  using ma_test::vtableSlot;
+  EXPECT_EQ(2, vtableSlot(&Store::toString));
+  EXPECT_EQ(3, vtableSlot(&Store::getActor));
+  EXPECT_EQ(4, vtableSlot(&Store::setActor));
+  EXPECT_EQ(5, vtableSlot(&Store::getDirector));
+  EXPECT_EQ(6, vtableSlot(&Store::setDirector));
+  EXPECT_EQ(-1, vtableSlot(&Store::getCaption));  // accessors are not virtual
+}
+
+TEST(ItemVirtualSlots, FacadeHasOnlyDuplicateAfterTheDestructors) {
+  using ma_test::vtableSlot;
+  EXPECT_EQ(2, vtableSlot(&ma::ItemInfo::duplicate));
+  EXPECT_EQ(2, vtableSlot(&ma::FolderItemInfo::duplicate));
+  EXPECT_EQ(2, vtableSlot(&ma::VideoItemInfo::VideoItemImpl::toString));
+  EXPECT_EQ(-1, vtableSlot(&ma::ItemInfo::toString));
+  EXPECT_EQ(-1, vtableSlot(&ma::ItemInfo::getActor));
+}
 
 }  // namespace

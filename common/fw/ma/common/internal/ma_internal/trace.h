@@ -16,10 +16,11 @@ constexpr unsigned int category(unsigned int module, unsigned int level) {
   return module * 65536u + level;
 }
 
-// Modules. The item record's module number is this library's own choice.
+// Modules. The item record reports under the media-access module, the
+// VFS's.
 constexpr unsigned int kSelectionModule = 126;
 constexpr unsigned int kVfsModule = 375;
-constexpr unsigned int kItemModule = 376;
+constexpr unsigned int kItemModule = kVfsModule;
 
 // Levels.
 constexpr unsigned int kLevelQuery = 1;        // path queries

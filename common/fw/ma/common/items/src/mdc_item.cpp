@@ -106,20 +106,17 @@ ItemInfo::ItemInfo(ItemImpl* store) : impl(store) {}
 
 ItemInfo::~ItemInfo() = default;
 
-#define MA_REPORT_PLAIN(accessor) reportMissingStore(accessor)
-#define MA_REPORT_SUBTYPE(accessor) reportMissingSubTypeStore(accessor, __LINE__)
-
-#define MA_FACADE_DEFINE_VALUE(type, nullResult, report, get, set, storeGet, storeSet) \
+#define MA_FACADE_DEFINE_VALUE(type, nullResult, get, set, storeGet, storeSet)         \
   type const& ItemInfo::get() const {                                                \
     if (impl == nullptr) {                                                           \
-      report(#get);                                                                  \
+      reportMissingStore(#get);                                                      \
       return nullResult;                                                             \
     }                                                                                \
     return impl->storeGet();                                                         \
   }                                                                                  \
   void ItemInfo::set(type const& value) {                                            \
     if (impl == nullptr) {                                                           \
-      report(#set);                                                                  \
+      reportMissingStore(#set);                                                      \
       return;                                                                        \
     }                                                                                \
     impl->storeSet(value);                                                           \
@@ -156,19 +153,33 @@ ItemInfo::~ItemInfo() = default;
     impl->storeSet(value);                                 \
   }
 #define MA_FACADE_DEFINE_WORD(get, set, storeGet, storeSet)
-#define MA_FACADE_DEFINE_SUBTYPE(...) \
-  MA_FACADE_DEFINE_VALUE(std::string, empty, MA_REPORT_SUBTYPE, __VA_ARGS__)
-#define MA_FACADE_DEFINE_STR(...) MA_FACADE_DEFINE_VALUE(std::string, empty, MA_REPORT_PLAIN, __VA_ARGS__)
-#define MA_FACADE_DEFINE_I32(...) MA_FACADE_DEFINE_VALUE(int, i32zero, MA_REPORT_PLAIN, __VA_ARGS__)
-#define MA_FACADE_DEFINE_U32(...) \
-  MA_FACADE_DEFINE_VALUE(unsigned int, u32zero, MA_REPORT_PLAIN, __VA_ARGS__)
-#define MA_FACADE_DEFINE_I64(...) MA_FACADE_DEFINE_VALUE(long long, i64zero, MA_REPORT_PLAIN, __VA_ARGS__)
-#define MA_FACADE_DEFINE_U64(...) \
-  MA_FACADE_DEFINE_VALUE(unsigned long long, zero, MA_REPORT_PLAIN, __VA_ARGS__)
+#define MA_FACADE_DEFINE_SUBTYPE(get, set, storeGet, storeSet)  // written out below
+#define MA_FACADE_DEFINE_STR(...) MA_FACADE_DEFINE_VALUE(std::string, empty, __VA_ARGS__)
+#define MA_FACADE_DEFINE_I32(...) MA_FACADE_DEFINE_VALUE(int, i32zero, __VA_ARGS__)
+#define MA_FACADE_DEFINE_U32(...) MA_FACADE_DEFINE_VALUE(unsigned int, u32zero, __VA_ARGS__)
+#define MA_FACADE_DEFINE_I64(...) MA_FACADE_DEFINE_VALUE(long long, i64zero, __VA_ARGS__)
+#define MA_FACADE_DEFINE_U64(...) MA_FACADE_DEFINE_VALUE(unsigned long long, zero, __VA_ARGS__)
 #define MA_FACADE_DEFINE(kind, member, get, set, storeGet, storeSet, q, stores, initial) \
   MA_FACADE_DEFINE_##kind(get, set, storeGet, storeSet)
 
 MA_ITEM_FIELDS(MA_FACADE_DEFINE)
+
+// The sub-type accessors report a missing store with a located line.
+std::string const& ItemInfo::getItemSubType() const {
+  if (impl == nullptr) {
+    reportMissingSubTypeStore(__func__, __LINE__);
+    return empty;
+  }
+  return impl->getItemSubType();
+}
+
+void ItemInfo::setItemSubType(std::string const& value) {
+  if (impl == nullptr) {
+    reportMissingSubTypeStore(__func__, __LINE__);
+    return;
+  }
+  impl->setItemSubType(value);
+}
 
 // Actor and director go through the store's virtual slots.
 MA_FACADE_DEFINE_STR(getActor, setActor, getActor, setActor)
@@ -190,7 +201,7 @@ std::string ItemInfo::toString() const {
       : ItemInfo(new Store(caption, uuid)) {}                                             \
   Kind::Kind(Kind const& other) : ItemInfo(other) { impl = copyStoreOfKind<Store>(other.impl); } \
   Kind::~Kind() { delete impl; }                                                          \
-  Kind* Kind::duplicate() const { return new Kind(*this); }
+  ItemInfo* Kind::duplicate() const { return new Kind(*this); }
 
 #define MA_DEFINE_ITEM_KIND(Name, type)                                                           \
   Name##ItemInfo::Name##ItemImpl::Name##ItemImpl(std::string const& caption,                      \
@@ -226,7 +237,7 @@ UnknownItemInfo::UnknownItemInfo(UnknownItemInfo const& other) : ItemInfo(other)
 
 UnknownItemInfo::~UnknownItemInfo() { delete impl; }
 
-UnknownItemInfo* UnknownItemInfo::duplicate() const { return new UnknownItemInfo(*this); }
+ItemInfo* UnknownItemInfo::duplicate() const { return new UnknownItemInfo(*this); }
 
 // ---------------------------------------------------------------------------
 // Video extras

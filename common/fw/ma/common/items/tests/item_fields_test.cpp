@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <limits>
+#include <regex>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -307,6 +308,21 @@ TEST(StoreCopyConstructor, CopiesEveryField) {
   for (const FieldCase& field : fieldCases()) {
     EXPECT_EQ(field.sampleStored, field.read(copy)) << field.getter;
   }
+}
+
+TEST(ItemSubTypeField, GetterAndSetterReportFromTheirOwnLines) {
+  auto item = storeless();
+  ma_test::TraceCapture capture;
+  item.getItemSubType();
+  item.setItemSubType("x");
+  const auto texts = capture.texts();
+  ASSERT_EQ(2u, texts.size());
+  const std::regex located("mdc_item\\.cpp:([0-9]+):[a-zA-Z]+\\(\\): Impl is NULL\\.\n");
+  std::smatch getter;
+  std::smatch setter;
+  ASSERT_TRUE(std::regex_match(texts[0], getter, located)) << texts[0];
+  ASSERT_TRUE(std::regex_match(texts[1], setter, located)) << texts[1];
+  EXPECT_NE(getter[1].str(), setter[1].str());
 }
 
 TEST(NeutralConstants, AreZeroAndEmpty) {

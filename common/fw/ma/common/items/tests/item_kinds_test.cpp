@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "item_test_util.h"
@@ -104,6 +105,15 @@ TYPED_TEST(ItemKind, DuplicateIsANewRecordOfTheSameKind) {
   EXPECT_EQ("jazz", item.getGenre());
 }
 
+TYPED_TEST(ItemKind, DuplicateOfStorelessRecordIsStorelessOfTheSameKind) {
+  WithStore<typename TypeParam::FacadeType> holder(nullptr);
+  std::unique_ptr<ItemInfo> twin(holder.duplicate());
+  ASSERT_NE(nullptr, dynamic_cast<typename TypeParam::FacadeType*>(twin.get()));
+  ma_test::TraceCapture capture;
+  EXPECT_EQ(ma::ITEM_TYPE_UNKNOWN, twin->getItemType());
+  EXPECT_EQ(std::vector<std::string>{"getItemType(): impl is NULL\n"}, capture.texts());
+}
+
 TYPED_TEST(ItemKind, GetImplOfAnotherKindsStoreIsNullAndTraced) {
   // A plain ItemImpl is the unknown kind's store, no other kind's.
   WithStore<typename TypeParam::FacadeType> holder(
@@ -182,14 +192,18 @@ TEST(ItemKinds, StoreSubclassPassesTheKindTest) {
   ma::FolderItemInfo copy(holder);
   ASSERT_NE(nullptr, copy.getImpl());
   EXPECT_EQ("s", copy.getCaption());
+  // The copy is made as the kind's own store class.
+  EXPECT_TRUE(typeid(*copy.getImpl()) == typeid(ma::FolderItemInfo::FolderItemImpl));
 }
 
 TEST(ItemKinds, UnknownCopyOfVideoStoreKeepsBaseFieldsAndDropsVideoFields) {
-  auto* store = new ma::VideoItemInfo::VideoItemImpl("cap", "id");
-  store->setTitle("title");
-  store->setActor("actor");
-  store->setDirector("director");
-  WithStore<ma::UnknownItemInfo> holder(store);
+  ma::VideoItemInfo video("cap", "id");
+  video.setTitle("title");
+  video.setActor("actor");
+  video.setDirector("director");
+  video.setStartTime("20:15");
+  video.setEndTime("21:45");
+  WithStore<ma::UnknownItemInfo> holder(new ma::VideoItemInfo::VideoItemImpl(*video.getImpl()));
 
   ma::UnknownItemInfo copy(holder);
   EXPECT_EQ("cap", copy.getCaption());
@@ -199,6 +213,10 @@ TEST(ItemKinds, UnknownCopyOfVideoStoreKeepsBaseFieldsAndDropsVideoFields) {
   EXPECT_EQ("", copy.getActor());
   EXPECT_EQ("", copy.getDirector());
   EXPECT_EQ("actor", holder.getActor());
+  // No video lines: start and end time went with the video store.
+  EXPECT_EQ("ItemType        : 4\ncaption         : cap\nuuid            : id\n"
+            "title           : title\n",
+            copy.toString());
 }
 
 TEST(ItemKinds, UnknownCopyOfStorelessRecordHasNoStore) {

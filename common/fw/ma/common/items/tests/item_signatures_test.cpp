@@ -107,8 +107,17 @@ TEST(ItemStoreSignatures, RecordingGettersReadTheStoredValues) {
   EXPECT_EQ(12, store.getRecChnum());
 }
 
-// Records are not assignable: a facade owns its store.
-static_assert(!std::is_copy_assignable<ma::FolderItemInfo>::value, "no record assignment");
+// Facades are not assignable (a facade owns its store); stores are.
+static_assert(!std::is_copy_assignable<ma::FolderItemInfo>::value, "no facade assignment");
+static_assert(std::is_copy_assignable<Store>::value, "store assignment copies the fields");
+// duplicate() answers the base type on every kind, so that client
+// subclasses may override it as declared on the base.
+static_assert(same<ma::ItemInfo* (ma::FolderItemInfo::*)() const>(&ma::FolderItemInfo::duplicate),
+              "duplicate");
+static_assert(same<ma::ItemInfo* (ma::UnknownItemInfo::*)() const>(&ma::UnknownItemInfo::duplicate),
+              "duplicate");
+// The adopting constructors convert implicitly, as clients may expect.
+static_assert(std::is_convertible<Store*, ma::VideoItemInfo>::value, "adopting constructor");
 static_assert(std::is_abstract<ma::ItemInfo>::value, "the facade is abstract");
 
 // Virtual slot order: destructors first, then the declared order.

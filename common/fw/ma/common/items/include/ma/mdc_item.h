@@ -88,7 +88,7 @@ class MA_COMMON_EXPORT ItemInfo {
     ItemImpl(itemType type, std::string const& caption, std::string const& uuid);
     // Copies every field, the word without accessors included.
     ItemImpl(ItemImpl const& other);
-    ItemImpl& operator=(ItemImpl const&) = delete;
+    ItemImpl& operator=(ItemImpl const&) = default;
     virtual ~ItemImpl();
 
     // The multi-line diagnostic text of the fields that carry information.
@@ -118,8 +118,9 @@ class MA_COMMON_EXPORT ItemInfo {
   // A facade without store: the kind copy constructors copy the store.
   ItemInfo(ItemInfo const& other);
   // Adopts `impl` (may be null); the kind destructors delete it.
-  explicit ItemInfo(ItemImpl* impl);
-  // Records are copied with the kind copy constructors or duplicate().
+  ItemInfo(ItemImpl* impl);
+  // Records are copied with the kind copy constructors or duplicate(); an
+  // assignment would share the store between two owners.
   ItemInfo& operator=(ItemInfo const&) = delete;
   // Leaves the store alone: the kind destructors delete it.
   virtual ~ItemInfo();
@@ -168,7 +169,7 @@ class MA_COMMON_EXPORT UnknownItemInfo : public ItemInfo {
   // Copies any store as a plain ItemImpl (a video store loses its own fields).
   UnknownItemInfo(UnknownItemInfo const& other);
   ~UnknownItemInfo() override;
-  UnknownItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
 };
 
 class MA_COMMON_EXPORT MusicItemInfo : public ItemInfo {
@@ -183,7 +184,7 @@ class MA_COMMON_EXPORT MusicItemInfo : public ItemInfo {
   MusicItemInfo(std::string const& caption, std::string const& uuid);
   MusicItemInfo(MusicItemInfo const& other);
   ~MusicItemInfo() override;
-  MusicItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   MusicItemImpl* getImpl();
   MusicItemImpl const* getImpl() const;
 };
@@ -218,10 +219,10 @@ class MA_COMMON_EXPORT VideoItemInfo : public ItemInfo {
   VideoItemInfo(std::string const& caption, std::string const& uuid);
   // Adopts `impl` without checking its class; the video accessors below
   // then find no video store unless it is one.
-  explicit VideoItemInfo(ItemImpl* impl);
+  VideoItemInfo(ItemImpl* impl);
   VideoItemInfo(VideoItemInfo const& other);
   ~VideoItemInfo() override;
-  VideoItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   VideoItemImpl* getImpl();
   VideoItemImpl const* getImpl() const;
 
@@ -245,7 +246,7 @@ class MA_COMMON_EXPORT PictureItemInfo : public ItemInfo {
   PictureItemInfo(std::string const& caption, std::string const& uuid);
   PictureItemInfo(PictureItemInfo const& other);
   ~PictureItemInfo() override;
-  PictureItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   PictureItemImpl* getImpl();
   PictureItemImpl const* getImpl() const;
 };
@@ -262,7 +263,7 @@ class MA_COMMON_EXPORT PlaylistItemInfo : public ItemInfo {
   PlaylistItemInfo(std::string const& caption, std::string const& uuid);
   PlaylistItemInfo(PlaylistItemInfo const& other);
   ~PlaylistItemInfo() override;
-  PlaylistItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   PlaylistItemImpl* getImpl();
   PlaylistItemImpl const* getImpl() const;
 };
@@ -279,7 +280,7 @@ class MA_COMMON_EXPORT FolderItemInfo : public ItemInfo {
   FolderItemInfo(std::string const& caption, std::string const& uuid);
   FolderItemInfo(FolderItemInfo const& other);
   ~FolderItemInfo() override;
-  FolderItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   FolderItemImpl* getImpl();
   FolderItemImpl const* getImpl() const;
 };
@@ -296,7 +297,7 @@ class MA_COMMON_EXPORT DocumentItemInfo : public ItemInfo {
   DocumentItemInfo(std::string const& caption, std::string const& uuid);
   DocumentItemInfo(DocumentItemInfo const& other);
   ~DocumentItemInfo() override;
-  DocumentItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   DocumentItemImpl* getImpl();
   DocumentItemImpl const* getImpl() const;
 };
@@ -313,7 +314,7 @@ class MA_COMMON_EXPORT OtherItemInfo : public ItemInfo {
   OtherItemInfo(std::string const& caption, std::string const& uuid);
   OtherItemInfo(OtherItemInfo const& other);
   ~OtherItemInfo() override;
-  OtherItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   OtherItemImpl* getImpl();
   OtherItemImpl const* getImpl() const;
 };
@@ -330,7 +331,7 @@ class MA_COMMON_EXPORT InteractiveItemInfo : public ItemInfo {
   InteractiveItemInfo(std::string const& caption, std::string const& uuid);
   InteractiveItemInfo(InteractiveItemInfo const& other);
   ~InteractiveItemInfo() override;
-  InteractiveItemInfo* duplicate() const override;
+  ItemInfo* duplicate() const override;
   InteractiveItemImpl* getImpl();
   InteractiveItemImpl const* getImpl() const;
 };

@@ -1,12 +1,13 @@
 // Selection URIs on arbitrary input.
 //
-// Parse: the text either fails with -22 and leaves the parts as they were,
-// or replaces the source type with the text before the first ":" and ends in
+// Parse: a text (up to its first NUL) without "//" right behind its first
+// ":" fails with -22 and leaves the parts as they were; any other text
+// replaces the source type with the text before the first ":" and ends in
 // std::length_error with the other parts untouched. It never succeeds.
 // Create: the input, split at its first three NUL bytes into source type,
-// volume, path and one parameter, is written exactly as composed; it fails
-// with -22 and an empty URI precisely when the source type is not four
-// characters long.
+// volume, path and one parameter key (whose value is the volume text), is
+// written exactly as composed; it fails with -22 and an empty URI precisely
+// when the source type is not four characters long.
 #include <cstdint>
 #include <cstdlib>
 #include <stdexcept>
@@ -28,12 +29,17 @@ void fuzzParse(const std::string& text) {
   parts.path = "old/path";
   parts.parameters["old"] = "value";
   const ma::SelectionStrings before = parts;
+  const std::string visible = text.substr(0, text.find('\0'));
+  const std::size_t colon = visible.find(':');
+  const bool slashesBehindColon =
+      colon != std::string::npos && visible.compare(colon + 1, 2, "//") == 0;
   try {
     check(mdcSelectionParse(parts, text) == -22);
+    check(!slashesBehindColon);
     check(parts.sourceType == before.sourceType);
   } catch (const std::length_error&) {
-    const std::string visible = text.substr(0, text.find('\0'));
-    check(parts.sourceType == visible.substr(0, visible.find(':')));
+    check(slashesBehindColon);
+    check(parts.sourceType == visible.substr(0, colon));
   }
   check(parts.volume == before.volume && parts.path == before.path &&
         parts.parameters == before.parameters);

@@ -52,6 +52,9 @@ const int DeliverySystem::bitmaskMap[14] = {0,  1,   2,   8,    32,   128,  4,
 static_assert(std::size(kNames) == std::size(DeliverySystem::bitmaskMap),
               "one name per delivery system");
 
+DeliverySystem::DeliverySystem(unsigned int bits)
+    : DeliverySystem(static_cast<DeliverySystemBitmask_t>(bits)) {}
+
 DeliverySystem::DeliverySystem(DeliverySystemBitmask_t bits) : value_(DELIVERY_SYSTEM_UNKNOWN) {
   // Each set bit overwrites the value, in increasing value order: the
   // greatest value wins.

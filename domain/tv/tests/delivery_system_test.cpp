@@ -194,6 +194,15 @@ TEST(DeliverySystem, BitsAboveIsdbSDoNotChangeAnyCombination) {
   EXPECT_EQ(0, mismatches);
 }
 
+TEST(DeliverySystem, PlainWordAndBitmaskConstructorsAgreeOnEveryCombination) {
+  for (unsigned int high : {0x0u, 0xFFFFE000u}) {
+    for (unsigned int bits = 0; bits <= kAllBits; ++bits) {
+      DeliverySystem const fromWord(bits | high);
+      ASSERT_EQ(valueOf(fromBits(bits | high)), valueOf(fromWord)) << std::hex << bits;
+    }
+  }
+}
+
 TEST(DeliverySystem, IsCopiedWithItsValue) {
   DeliverySystem const original = fromBits(0x200);
   DeliverySystem copy = fromBits(0x1);

@@ -10,6 +10,7 @@
 
 #include "ma_test/trace_capture.h"
 #include "selection_trace_lines.h"
+#include "zel/zel_standin.h"
 
 namespace {
 
@@ -166,6 +167,25 @@ TEST(SelectionCreate, ReplacesEarlierContentOfUri) {
 }
 
 // --- parse: failures ---
+
+TEST(SelectionTraceGate, FailureLinesFollowTheLevelOfTheSelectionModule) {
+  ma::SelectionStrings result = previousParts();
+  std::string uri;
+
+  zel_standin::setThreshold(126, 2999);  // failures (level 3000) off
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(kInvalidArgument, mdcSelectionCreate(uri, parts("abc", "v", "p")));
+  EXPECT_EQ(kInvalidArgument, mdcSelectionParse(result, "file"));
+  const std::string silenced = ::testing::internal::GetCapturedStderr();
+  zel_standin::resetThresholds();
+  EXPECT_EQ("", silenced);
+
+  ::testing::internal::CaptureStderr();  // default threshold: failures on
+  EXPECT_EQ(kInvalidArgument, mdcSelectionParse(result, "file"));
+  const std::string written = ::testing::internal::GetCapturedStderr();
+  EXPECT_NE(std::string::npos, written.find("mdcSelectionParse(): No source type specifier found.\n"))
+      << written;
+}
 
 TEST(SelectionParse, OfEmptyTextFailsWithoutSourceType) {
   ma_test::TraceCapture capture;

@@ -208,6 +208,14 @@ TEST(SelectionParseParameters, AmpersandAtTheEndEndsTheParameters) {
   EXPECT_EQ(withPrevious({{"a=", "1"}}), parsedPathAndParameters("p?a=1&").parameters);
 }
 
+TEST(SelectionParseParameters, KeyBeforeEqualsAtTheEndMayHoldAmpersands) {
+  EXPECT_EQ(withPrevious({{"a&b", ""}}), parsedPathAndParameters("p?a&b=").parameters);
+}
+
+TEST(SelectionParseParameters, LoneAmpersandIsAKeyWithEmptyValue) {
+  EXPECT_EQ(withPrevious({{"&", ""}}), parsedPathAndParameters("p?&").parameters);
+}
+
 TEST(SelectionParseParameters, DoubleAmpersandStartsKeyWithAmpersand) {
   EXPECT_EQ(withPrevious({{"a=", "1"}, {"&b=", "2"}}),
             parsedPathAndParameters("p?a=1&&b=2").parameters);

@@ -66,6 +66,9 @@ class MA_COMMON_EXPORT DeliverySystem {
   // wins over DVB-S and DVB over IP; DELIVERY_SYSTEM_UNKNOWN when none of the
   // thirteen bits is set. Not explicit: clients convert bit sets implicitly.
   DeliverySystem(DeliverySystemBitmask_t bits);
+  // The same for a bit set held in a plain unsigned word: clients pass bit
+  // sets both ways, and each form has its own exported constructor.
+  DeliverySystem(unsigned int bits);
 
   // The system's bit in a bit set; 0 for unknown and undefined values.
   int getBitmask() const;

@@ -10,9 +10,6 @@
 #include "ma/rpc/mdc_item_msg.h"
 #include "ma_test/trace_capture.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#endif
-
 namespace {
 
 using ma_rpc_test::allKinds;

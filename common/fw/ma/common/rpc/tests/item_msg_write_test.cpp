@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "item_msg_test_support.h"
@@ -186,6 +187,7 @@ TEST(ItemToMessage, TheMessageIsOverwrittenCompletely) {
 // cannot carry it without undefined behaviour; the white-box tests give the
 // kind lookup 512 directly.
 TEST(ItemToMessage, ItemTypeOfTwoBitsOrZeroGivesAllZeroMessage) {
+  ma_test::TraceCapture capture;
   for (unsigned int type : {3u, 0u, 6u, 0x101u, 0x1FFu}) {
     const ItemPtr item = makeItem(ma::ITEM_TYPE_FOLDER, "c", "u");
     static_cast<ma::FolderItemInfo&>(*item).getImpl()->setItemType(static_cast<ma::itemType>(type));
@@ -194,6 +196,7 @@ TEST(ItemToMessage, ItemTypeOfTwoBitsOrZeroGivesAllZeroMessage) {
     ma::rpc::convertMaItem(msg, *item);
     EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg)) << type;
   }
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(ItemToMessage, ConvertingIntoAFilledMessageLeavesTheOldPayloadAllocated) {
@@ -229,16 +232,32 @@ TEST(ItemMsgClassMismatch, VideoRecordHoldingAFolderStoreGivesAllZeroMessage) {
   ASSERT_EQ(ma::ITEM_TYPE_FOLDER, item.getItemType());
   itemMsgMaItem_t msg;
   std::memset(static_cast<void*>(&msg), 0xEE, sizeof msg);
+  ma_test::TraceCapture capture;
   convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(ItemMsgClassMismatch, FolderRecordRetypedAsMusicGivesAllZeroMessage) {
   ma::FolderItemInfo item("c", "u");
   item.getImpl()->setItemType(ma::ITEM_TYPE_MUSIC);
   itemMsgMaItem_t msg;
+  ma_test::TraceCapture capture;
   convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
+}
+
+// Unknown is one of the kinds whose class test the writer makes inline.
+TEST(ItemMsgClassMismatch, VideoRecordHoldingAStoreOfTypeUnknownGivesAllZeroMessage) {
+  const ma::VideoItemInfo item(new ma::ItemInfo::ItemImpl(ma::ITEM_TYPE_UNKNOWN, "c", "u"));
+  ASSERT_EQ(ma::ITEM_TYPE_UNKNOWN, item.getItemType());
+  itemMsgMaItem_t msg;
+  std::memset(static_cast<void*>(&msg), 0xEE, sizeof msg);
+  ma_test::TraceCapture capture;
+  convertMismatched(msg, item);
+  EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(ItemMsgClassMismatch, RecordWithoutStoreCountsAsUnknownAndGivesAllZeroMessage) {

@@ -96,6 +96,25 @@ TEST(ItemToMessage, VideoItemGivesKind7WithStartAndEndTimeAfterTheCommonBlock) {
   ma_rpc_test::expectInfoCarries(msg.video.data->info, *item);
 }
 
+// The record's class matches type 4, but its store is not a video store:
+// start and end time are read as "" (each read reporting the missing store)
+// and travel as empty strings.
+TEST(ItemToMessage, VideoRecordWithAPlainStoreGivesEmptyStartAndEndTime) {
+  const ma::VideoItemInfo item(new ma::ItemInfo::ItemImpl(ma::ITEM_TYPE_VIDEO, "c", "u"));
+  ma_test::TraceCapture capture;
+  const itemMsgMaItem_t msg(item);
+  EXPECT_EQ(7u, msg.kind);
+  ASSERT_NE(nullptr, msg.video.data);
+  EXPECT_EQ(expectedTopLevel(7, msg.video.data), topLevelOf(msg));
+  EXPECT_EQ("c", textOf(msg.video.data->info.caption));
+  for (const zelDeserString_t& time : {msg.video.data->startTime, msg.video.data->endTime}) {
+    EXPECT_EQ(0u, time.length);
+    ASSERT_NE(nullptr, time.data);
+    EXPECT_EQ('\0', time.data[0]);
+  }
+  EXPECT_EQ(std::vector<std::string>(2, "getImpl(): impl is NULL\n"), capture.texts());
+}
+
 TEST(ItemToMessage, EveryStringOfANewItemOwnsABufferHoldingOnlyTheTerminator) {
   for (const KindCase& kind : allKinds()) {
     const itemMsgMaItem_t msg(*makeItem(kind.type, "", ""));

@@ -238,12 +238,21 @@ TEST(ItemToMessage, ConversionWritesNoTraceLines) {
   EXPECT_TRUE(capture.lines().empty());
 }
 
+// How a test hands a mismatched record to the writer: directly, or by
+// assigning it to a wrapper.
+enum class Route { kConvert, kAssign };
+
 // A record whose class does not match its type gives an all-zero message,
 // and the payload the writer allocated stays behind, unreferenced, by
 // definition. The leak checkers' suppressions name this helper, so that a
 // leak anywhere else is still reported.
-__attribute__((noinline)) void convertMismatched(itemMsgMaItem_t& msg, const ma::ItemInfo& item) {
-  ma::rpc::convertMaItem(msg, item);
+__attribute__((noinline)) void convertMismatched(itemMsgMaItem_t& msg, const ma::ItemInfo& item,
+                                                 Route route = Route::kConvert) {
+  if (route == Route::kAssign) {
+    msg = item;
+  } else {
+    ma::rpc::convertMaItem(msg, item);
+  }
 }
 
 TEST(ItemMsgClassMismatch, VideoRecordHoldingAFolderStoreGivesAllZeroMessage) {
@@ -277,6 +286,26 @@ TEST(ItemMsgClassMismatch, VideoRecordHoldingAStoreOfTypeUnknownGivesAllZeroMess
   convertMismatched(msg, item);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
   EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
+}
+
+// Assigning an empty pointer leaves a filled wrapper as it was; assigning a
+// record that cannot be converted zeroes it. Neither frees the old content.
+TEST(ItemMsgClassMismatch, AssigningToAFilledWrapperZeroesItAndLeavesTheOldContentAllocated) {
+  itemMsgMaItem_t msg(*makeItem(ma::ITEM_TYPE_MUSIC, "old", "u"));
+  itemMsgMaItem_t old;
+  ma_rpc_test::copyTopLevel(msg, &old);
+  msg = ItemPtr();
+  ASSERT_EQ(topLevelOf(old), topLevelOf(msg));
+
+  const ma::VideoItemInfo item(new ma::FolderItemInfo::FolderItemImpl("c", "u"));
+  convertMismatched(msg, item, Route::kAssign);
+  EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+
+  // The old content is still allocated and intact (the sanitizers would
+  // report reading a freed block); only releasing it frees it.
+  EXPECT_EQ("old", textOf(old.music.data->info.caption));
+  ma::rpc::releaseMaItemMsgContent(old);
+  std::memset(static_cast<void*>(&old), 0, sizeof old);  // its destructor frees nothing more
 }
 
 TEST(ItemMsgClassMismatch, RecordWithoutStoreCountsAsUnknownAndGivesAllZeroMessage) {

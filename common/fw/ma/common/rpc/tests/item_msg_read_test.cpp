@@ -172,6 +172,22 @@ TEST(MessageToItem, StringWithDataButLengthZeroGivesTheEmptyText) {
   EXPECT_EQ("", ma::rpc::convertMaItem(borrowed.msg)->getArtist());
 }
 
+TEST(MessageToItem, VideoTimesWithNullDataOrLengthZeroGiveEmptyTexts) {
+  HandMadePayload payload;
+  payload.setString(offsetof(itemMsgMaItemInfo_t, caption), "cap", 3);
+  payload.setString(offsetof(itemMsgMaItemVideo_t, startTime), nullptr, 5);
+  payload.setString(offsetof(itemMsgMaItemVideo_t, endTime), "x", 0);
+  BorrowedMessage borrowed;
+  borrowed.msg.kind = 7;
+  borrowed.msg.video.data = reinterpret_cast<itemMsgMaItemVideo_t*>(payload.at());
+  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  ASSERT_TRUE(item);
+  const auto& video = dynamic_cast<const ma::VideoItemInfo&>(*item);
+  EXPECT_EQ("cap", video.getCaption());
+  EXPECT_EQ("", video.getStartTime());
+  EXPECT_EQ("", video.getEndTime());
+}
+
 TEST(MessageToItem, MessageValuesReplaceEveryConstructorDefault) {
   HandMadePayload payload;  // all zero: empty strings, 0 and false
   BorrowedMessage borrowed;

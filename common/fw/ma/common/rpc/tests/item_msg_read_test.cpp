@@ -3,12 +3,14 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <typeinfo>
 #include <vector>
 
 #include "item_msg_test_support.h"
 #include "ma/mdc_item.h"
 #include "ma/rpc/mdc_item_msg.h"
+#include "ma_test/trace_capture.h"
 
 namespace {
 
@@ -87,7 +89,9 @@ TEST(MessageToItem, PresentSlotWithANullPointerGivesAnEmptyPointer) {
   itemMsgMaItem_t msg;
   msg.kind = 6;
   msg.unknown.present = 1;
+  ma_test::TraceCapture capture;
   EXPECT_FALSE(ma::rpc::convertMaItem(msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(MessageToItem, KindNamingANullSlotGivesAnEmptyPointerWhileAnotherSlotIsSet) {
@@ -96,11 +100,14 @@ TEST(MessageToItem, KindNamingANullSlotGivesAnEmptyPointerWhileAnotherSlotIsSet)
   borrowed.msg.kind = 8;  // interactive, not set
   borrowed.msg.music.present = 1;
   borrowed.msg.music.data = reinterpret_cast<itemMsgMaItemMusic_t*>(payload.at());
+  ma_test::TraceCapture capture;
   EXPECT_FALSE(ma::rpc::convertMaItem(borrowed.msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(MessageToItem, KindFiveAndKindsAboveNineGiveAnEmptyPointer) {
   HandMadePayload payload;
+  ma_test::TraceCapture capture;
   for (std::uint32_t kind : {5u, 10u, 255u, 256u, 0x100u | 7u, 0xFFFFFFFFu}) {
     BorrowedMessage borrowed;
     borrowed.msg.kind = kind;
@@ -116,6 +123,7 @@ TEST(MessageToItem, KindFiveAndKindsAboveNineGiveAnEmptyPointer) {
     borrowed.msg.document = {1, reinterpret_cast<itemMsgMaItemDocument_t*>(payload.at())};
     EXPECT_FALSE(ma::rpc::convertMaItem(borrowed.msg)) << kind;
   }
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(MessageToItem, StringOfLengthThreeOverSixCharactersGivesTheFirstThree) {
@@ -162,6 +170,22 @@ TEST(MessageToItem, StringWithDataButLengthZeroGivesTheEmptyText) {
   borrowed.msg.kind = 1;
   borrowed.msg.music.data = reinterpret_cast<itemMsgMaItemMusic_t*>(payload.at());
   EXPECT_EQ("", ma::rpc::convertMaItem(borrowed.msg)->getArtist());
+}
+
+TEST(MessageToItem, VideoTimesWithNullDataOrLengthZeroGiveEmptyTexts) {
+  HandMadePayload payload;
+  payload.setString(offsetof(itemMsgMaItemInfo_t, caption), "cap", 3);
+  payload.setString(offsetof(itemMsgMaItemVideo_t, startTime), nullptr, 5);
+  payload.setString(offsetof(itemMsgMaItemVideo_t, endTime), "x", 0);
+  BorrowedMessage borrowed;
+  borrowed.msg.kind = 7;
+  borrowed.msg.video.data = reinterpret_cast<itemMsgMaItemVideo_t*>(payload.at());
+  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  ASSERT_TRUE(item);
+  const auto& video = dynamic_cast<const ma::VideoItemInfo&>(*item);
+  EXPECT_EQ("cap", video.getCaption());
+  EXPECT_EQ("", video.getStartTime());
+  EXPECT_EQ("", video.getEndTime());
 }
 
 TEST(MessageToItem, MessageValuesReplaceEveryConstructorDefault) {

@@ -6,12 +6,14 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string>
 #include <type_traits>
 #include <vector>
 
 #include "item_msg_test_support.h"
 #include "ma/mdc_item.h"
 #include "ma/rpc/mdc_item_msg.h"
+#include "ma_test/trace_capture.h"
 
 namespace {
 
@@ -70,16 +72,20 @@ TEST(ItemMsgRelease, ReleasingAMessageWhoseStringsHaveNullDataSkipsThemAndFreesT
 
 TEST(ItemMsgRelease, AllZeroMessageReleasesNothing) {
   itemMsgMaItem_t msg;
+  ma_test::TraceCapture capture;
   ma::rpc::releaseMaItemMsgContent(msg);
   EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(ItemMsgRelease, KindFiveAndKindsAboveNineReleaseNothing) {
   itemMsgMaItem_t filled(*makeItem(ma::ITEM_TYPE_FOLDER, "c", "u"));
+  ma_test::TraceCapture capture;
   for (std::uint32_t kind : {5u, 10u, 0x100u}) {
     filled.kind = kind;
     ma::rpc::releaseMaItemMsgContent(filled);
   }
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
   filled.kind = 0;  // the destructor frees the folder content once
   EXPECT_EQ("c", ma_rpc_test::textOf(filled.folder.data->info.caption));
 }
@@ -189,6 +195,27 @@ TEST(ItemMsgWrapper, AllZeroWrapperConvertsToAnEmptyPointer) {
   const itemMsgMaItem_t msg;
   const ItemPtr item = msg;
   EXPECT_FALSE(item);
+}
+
+TEST(ItemMsgWrapper, NoMemberWritesATraceLine) {
+  const ItemPtr item = makeDistinctItem(ma::ITEM_TYPE_VIDEO, 13);
+  ma_test::TraceCapture capture;
+  {
+    itemMsgMaItem_t empty;
+    itemMsgMaItem_t fromEmptyPointer{ItemPtr()};
+    itemMsgMaItem_t fromPointer(item);
+    itemMsgMaItem_t fromRecord(*item);
+    fromPointer = ItemPtr();
+    ma::rpc::releaseMaItemMsgContent(fromPointer);
+    fromPointer = item;
+    ma::rpc::releaseMaItemMsgContent(fromRecord);
+    fromRecord = *item;
+    const ItemPtr fromEmpty = empty;
+    const ItemPtr back = fromRecord;
+    EXPECT_FALSE(fromEmpty);
+    EXPECT_TRUE(back);
+  }  // the destructors release
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());  // nothing is reported
 }
 
 TEST(ItemMsgWrapper, ItemTravelsThroughAMessageInOneExpression) {

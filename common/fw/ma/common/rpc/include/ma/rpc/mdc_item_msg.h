@@ -42,10 +42,11 @@ class ItemInfo;
 
 // An optional reference: a presence word and a pointer to a separately
 // allocated `Payload`. A message built by this library sets `present` to 1
-// exactly when it attaches a payload; readers look at `data` only.
+// whenever it sets the slot, also when the payload allocation failed and
+// `data` is null; readers look at `data` only.
 template <typename Payload>
 struct __attribute__((packed)) itemMsgOptionalRef_t {
-  uint32_t present;  // 1 when set, 0 otherwise
+  uint32_t present;  // 1 whenever the writer set the slot (`data` may still be null), else 0
   Payload* data;     // from malloc(), or null
 };
 

@@ -204,10 +204,15 @@ TEST(VfsSortingTest, EachChildIsAskedForItsItemOnce) {
   for (const auto& leaf : leaves) EXPECT_EQ(1, leaf->asked);
 }
 
-TEST(VfsSortingTest, UnownedFolderThrowsBadWeakPtr) {
+TEST(VfsSortingTest, UnownedFolderThrowsBadWeakPtrOnlyAfterSorting) {
   ma::VfsFixedFolder folder(makeItem("unowned"));
-  folder.addEntry(makeLeaf("a"));
+  boost::shared_ptr<CountingLeaf> b(new CountingLeaf(makeItem("b")));
+  boost::shared_ptr<CountingLeaf> a(new CountingLeaf(makeItem("a")));
+  folder.addEntry(b);
+  folder.addEntry(a);
   EXPECT_THROW(folder.getSortedIterator("+dc:title"), boost::bad_weak_ptr);
+  EXPECT_LT(0, b->asked);  // the sort had read both keys
+  EXPECT_LT(0, a->asked);
 }
 
 // --- the comparators ---------------------------------------------------------

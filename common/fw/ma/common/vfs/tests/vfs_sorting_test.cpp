@@ -16,16 +16,21 @@
 
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
 using vfs_test::captionOf;
 using vfs_test::EntryPtr;
 using vfs_test::FolderPtr;
 using vfs_test::ItemPtr;
+using vfs_test::LockWitness;
 using vfs_test::makeBareLeaf;
 using vfs_test::makeFolder;
 using vfs_test::makeFolderOf;
 using vfs_test::makeItem;
 using vfs_test::makeLeaf;
+using vfs_test::ProbeFolder;
 using vfs_test::remainingCaptions;
 
 typedef boost::shared_ptr<ma::VfsIterator> IteratorPtr;
@@ -202,6 +207,25 @@ TEST(VfsSortingTest, EachChildIsAskedForItsItemOnce) {
   }
   folder->getSortedIterator("+dc:title");
   for (const auto& leaf : leaves) EXPECT_EQ(1, leaf->asked);
+}
+
+TEST(VfsSortingTest, ChildrenAreCopiedAndSortedWithoutTheFolderLock) {
+  boost::shared_ptr<ProbeFolder> folder(new ProbeFolder);
+  std::vector<boost::shared_ptr<LockWitness> > witnesses;
+  for (const char* caption : {"c", "a", "b"}) {
+    witnesses.emplace_back(new LockWitness(caption, folder));
+    folder->addEntry(witnesses.back());
+  }
+  for (const char* criteria : {"+dc:title", "-dc:title", ""}) {
+    folder->getSortedIterator(criteria);
+  }
+  for (const auto& witness : witnesses) {
+    EXPECT_THAT(witness->locked, Not(IsEmpty()));
+    EXPECT_THAT(witness->locked, Each(false));
+    witness->locked.clear();
+  }
+  folder->findEntry("none");  // a locked read, seen as such by the witnesses
+  for (const auto& witness : witnesses) EXPECT_THAT(witness->locked, ElementsAre(true));
 }
 
 TEST(VfsSortingTest, UnownedFolderThrowsBadWeakPtrOnlyAfterSorting) {

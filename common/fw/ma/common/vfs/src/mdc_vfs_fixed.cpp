@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "ma_internal/trace.h"
+#include "mdc_vfs_fixed_internal.h"
 #include "vfs_internal.h"
 
 namespace ma {
@@ -165,6 +166,25 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
 
 }  // namespace
 
+namespace vfs_internal {
+
+int fetchIndexedChild(VfsFixedFolder::Children const& children, std::size_t position,
+                      std::string const& path, std::string const& index,
+                      boost::shared_ptr<VfsEntry>& child) {
+  try {
+    child = children.at(position);
+  } catch (std::out_of_range const&) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, "resolvePathPart",
+                "Path: \"%s\" with path part \"%s\" specifies child that is out of range by "
+                "exception.\n",
+                path.c_str(), index.c_str());
+    return kPathNotResolved;
+  }
+  return 0;
+}
+
+}  // namespace vfs_internal
+
 // ---------------------------------------------------------------------------
 // Leaf
 
@@ -316,15 +336,10 @@ int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::str
                 path.c_str(), index.c_str());
     return kPathNotResolved;
   }
-  try {
-    child = m_children.at(static_cast<std::size_t>(position));
-  } catch (std::out_of_range const&) {  // the list shrank meanwhile
-    MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
-                "Path: \"%s\" with path part \"%s\" specifies child that is out of range by "
-                "exception.\n",
-                path.c_str(), index.c_str());
-    return kPathNotResolved;
-  }
+  // Checked again as it is fetched: only a concurrent removal can fail it.
+  const int fetched = vfs_internal::fetchIndexedChild(
+      m_children, static_cast<std::size_t>(position), path, index, child);
+  if (fetched != 0) return fetched;
   rest = separator == std::string::npos ? std::string() : path.substr(separator + 1);
   return 0;
 }

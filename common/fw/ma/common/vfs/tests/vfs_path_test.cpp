@@ -494,15 +494,19 @@ TEST(VfsFixedPathTest, LargestIndexWithCleanErrnoIsMerelyOutOfRange) {
   }
 }
 
-TEST(VfsFixedPathTest, LeftOverRangeErrorMakesTheLargestIndexUnparsable) {
+TEST(VfsFixedPathTest, LeftOverRangeErrorMakesAnIndexAtEitherLimitUnparsable) {
   FolderPtr folder = makeFolderOf({"a"});
-  errno = ERANGE;  // left over from something earlier: not cleared
-  ma_test::TraceCapture capture;
-  Step step;
-  EXPECT_EQ(-2, step.run(*folder, "2147483647"));
-  EXPECT_THAT(failureTexts(capture),
-              ElementsAre(IsLocated(kFixed, "resolvePathPart",
-                                    "Error parsing number in path part \"2147483647\" #1.\n")));
+  for (const std::string part : {"2147483647", "-2147483648"}) {
+    errno = ERANGE;  // left over from something earlier: not cleared
+    ma_test::TraceCapture capture;
+    Step step;
+    EXPECT_EQ(-2, step.run(*folder, part)) << part;
+    EXPECT_THAT(failureTexts(capture),
+                ElementsAre(IsLocated(kFixed, "resolvePathPart",
+                                      "Error parsing number in path part \"" + part + "\" #1.\n")))
+        << part;
+    EXPECT_EQ("before", step.resolved) << part;  // failed before the index was appended
+  }
   errno = ERANGE;
   Step fine;
   EXPECT_EQ(0, fine.run(*folder, "0"));  // other values parse as usual

@@ -18,6 +18,7 @@ using vfs_test::childCaptions;
 using vfs_test::EntryPtr;
 using vfs_test::FolderPtr;
 using vfs_test::IsLocated;
+using vfs_test::LockWitness;
 using vfs_test::makeFolder;
 using vfs_test::makeFolderOf;
 using vfs_test::makeItem;
@@ -46,24 +47,6 @@ std::vector<std::string> childIds(FolderPtr const& folder) {
   }
   return ids;
 }
-
-// A leaf that notes whether its folder's lock is held when asked for its
-// item.
-class LockWitness : public ma::VfsFixedEntry {
- public:
-  LockWitness(std::string const& caption, boost::shared_ptr<ProbeFolder> const& folder)
-      : ma::VfsFixedEntry(makeItem(caption, caption), boost::shared_ptr<ma::VfsUserData>()),
-        m_folder(folder) {}
-  vfs_test::ItemPtr getItemInfo() override {
-    boost::shared_ptr<ProbeFolder> folder = m_folder.lock();
-    if (folder) locked.push_back(folder->isLocked());
-    return ma::VfsFixedEntry::getItemInfo();
-  }
-  std::vector<bool> locked;
-
- private:
-  boost::weak_ptr<ProbeFolder> m_folder;
-};
 
 TEST(VfsRemovalTest, RemovingFromAnEmptyFolderReturnsZeroAndTracesOnlyTheFirstTwoLines) {
   FolderPtr folder = makeFolder();

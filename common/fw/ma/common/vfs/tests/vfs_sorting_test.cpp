@@ -16,16 +16,21 @@
 
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
 using vfs_test::captionOf;
 using vfs_test::EntryPtr;
 using vfs_test::FolderPtr;
 using vfs_test::ItemPtr;
+using vfs_test::LockWitness;
 using vfs_test::makeBareLeaf;
 using vfs_test::makeFolder;
 using vfs_test::makeFolderOf;
 using vfs_test::makeItem;
 using vfs_test::makeLeaf;
+using vfs_test::ProbeFolder;
 using vfs_test::remainingCaptions;
 
 typedef boost::shared_ptr<ma::VfsIterator> IteratorPtr;
@@ -204,10 +209,34 @@ TEST(VfsSortingTest, EachChildIsAskedForItsItemOnce) {
   for (const auto& leaf : leaves) EXPECT_EQ(1, leaf->asked);
 }
 
-TEST(VfsSortingTest, UnownedFolderThrowsBadWeakPtr) {
+TEST(VfsSortingTest, ChildrenAreCopiedAndSortedWithoutTheFolderLock) {
+  boost::shared_ptr<ProbeFolder> folder(new ProbeFolder);
+  std::vector<boost::shared_ptr<LockWitness> > witnesses;
+  for (const char* caption : {"c", "a", "b"}) {
+    witnesses.emplace_back(new LockWitness(caption, folder));
+    folder->addEntry(witnesses.back());
+  }
+  for (const char* criteria : {"+dc:title", "-dc:title", ""}) {
+    folder->getSortedIterator(criteria);
+  }
+  for (const auto& witness : witnesses) {
+    EXPECT_THAT(witness->locked, Not(IsEmpty()));
+    EXPECT_THAT(witness->locked, Each(false));
+    witness->locked.clear();
+  }
+  folder->findEntry("none");  // a locked read, seen as such by the witnesses
+  for (const auto& witness : witnesses) EXPECT_THAT(witness->locked, ElementsAre(true));
+}
+
+TEST(VfsSortingTest, UnownedFolderThrowsBadWeakPtrOnlyAfterSorting) {
   ma::VfsFixedFolder folder(makeItem("unowned"));
-  folder.addEntry(makeLeaf("a"));
+  boost::shared_ptr<CountingLeaf> b(new CountingLeaf(makeItem("b")));
+  boost::shared_ptr<CountingLeaf> a(new CountingLeaf(makeItem("a")));
+  folder.addEntry(b);
+  folder.addEntry(a);
   EXPECT_THROW(folder.getSortedIterator("+dc:title"), boost::bad_weak_ptr);
+  EXPECT_LT(0, b->asked);  // the sort had read both keys
+  EXPECT_LT(0, a->asked);
 }
 
 // --- the comparators ---------------------------------------------------------

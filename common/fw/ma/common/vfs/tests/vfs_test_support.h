@@ -7,6 +7,7 @@
 #include <pthread.h>
 
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,26 @@ class ProbeFolder : public ma::VfsFixedFolder {
     pthread_mutex_unlock(&mutexOf(*this));
     return false;
   }
+};
+
+// A leaf that notes, each time it is asked for its item, whether its
+// folder's lock is held.
+class LockWitness : public ma::VfsFixedEntry {
+ public:
+  LockWitness(std::string const& caption, boost::shared_ptr<ProbeFolder> const& folder)
+      : ma::VfsFixedEntry(makeItem(caption, caption), boost::shared_ptr<ma::VfsUserData>()),
+        m_folder(folder) {}
+
+  ItemPtr getItemInfo() override {
+    boost::shared_ptr<ProbeFolder> folder = m_folder.lock();
+    if (folder) locked.push_back(folder->isLocked());
+    return ma::VfsFixedEntry::getItemInfo();
+  }
+
+  std::vector<bool> locked;  // one answer per request, in order
+
+ private:
+  boost::weak_ptr<ProbeFolder> m_folder;  // weak: the folder owns the witness
 };
 
 // An entry that keeps the base's path step and lookup but has children:

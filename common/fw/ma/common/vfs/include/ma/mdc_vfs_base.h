@@ -59,6 +59,7 @@ class MA_COMMON_EXPORT VfsEntry : public boost::enable_shared_from_this<VfsEntry
   // An entry without attributes and without a shared owner yet: the creator
   // puts it under a boost::shared_ptr.
   VfsEntry();
+  // Not copyable: copying a pthread mutex is undefined.
   VfsEntry(VfsEntry const&) = delete;
   VfsEntry& operator=(VfsEntry const&) = delete;
 
@@ -157,9 +158,8 @@ class MA_COMMON_EXPORT VfsIterator {
   typedef boost::function<void(std::string)> PathCallback;
 
   // An iterator over the children of `entry`, which it keeps alive.
-  explicit VfsIterator(boost::shared_ptr<VfsEntry> entry);
-  VfsIterator(VfsIterator const&) = delete;
-  VfsIterator& operator=(VfsIterator const&) = delete;
+  // Converts implicitly; a copy shares the entry and nothing else.
+  VfsIterator(boost::shared_ptr<VfsEntry> entry);
   virtual ~VfsIterator() = 0;
 
   // Delivers the number of children the iterator covers.
@@ -203,6 +203,7 @@ class MA_COMMON_EXPORT TemplateSyncFunctorData {
  public:
   // The value starts as 0, "" or an empty pointer; the semaphore at 0.
   TemplateSyncFunctorData();
+  // Not copyable: copying a POSIX semaphore is undefined.
   TemplateSyncFunctorData(TemplateSyncFunctorData const&) = delete;
   TemplateSyncFunctorData& operator=(TemplateSyncFunctorData const&) = delete;
   ~TemplateSyncFunctorData();

@@ -109,8 +109,9 @@ class MA_COMMON_EXPORT VfsFixedFolder : public VfsEntry {
     boost::shared_ptr<const Children> m_vector;
   };
 
-  // An empty folder described by `item` (may be empty).
-  explicit VfsFixedFolder(boost::shared_ptr<ItemInfo> item);
+  // An empty folder described by `item` (may be empty). Converts
+  // implicitly.
+  VfsFixedFolder(boost::shared_ptr<ItemInfo> item);
   // Releases the children in list order, then the item.
   ~VfsFixedFolder() override;
 

@@ -25,6 +25,7 @@ class MA_COMMON_EXPORT VfsUserDataDR : public ma::VfsUserData {
   // read and the key bytes stay unwritten (indeterminate).
   VfsUserDataDR(bool isRecording, long long streamBegin, long long streamEnd,
                 long long circularBegin, long long circularEnd, int encryption, unsigned char* key);
+  // Not copyable: copying a pthread mutex is undefined.
   VfsUserDataDR(VfsUserDataDR const&) = delete;
   VfsUserDataDR& operator=(VfsUserDataDR const&) = delete;
   ~VfsUserDataDR() override;

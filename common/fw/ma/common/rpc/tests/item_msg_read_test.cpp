@@ -55,6 +55,27 @@ struct BorrowedMessage {
   ~BorrowedMessage() { std::memset(static_cast<void*>(&msg), 0, sizeof msg); }
 };
 
+// Reads `payload` as the payload of the kind with message code `kind`,
+// hung in that kind's slot of an otherwise empty message.
+ItemPtr readPayload(std::uint32_t kind, HandMadePayload& payload) {
+  BorrowedMessage borrowed;
+  borrowed.msg.kind = kind;
+  void* const data = payload.at();
+  switch (kind) {
+    case 0: borrowed.msg.folder.data = static_cast<itemMsgMaItemFolder_t*>(data); break;
+    case 1: borrowed.msg.music.data = static_cast<itemMsgMaItemMusic_t*>(data); break;
+    case 2: borrowed.msg.other.data = static_cast<itemMsgMaItemOther_t*>(data); break;
+    case 3: borrowed.msg.picture.data = static_cast<itemMsgMaItemPicture_t*>(data); break;
+    case 4: borrowed.msg.playlist.data = static_cast<itemMsgMaItemPlaylist_t*>(data); break;
+    case 6: borrowed.msg.unknown.data = static_cast<itemMsgMaItemUnknown_t*>(data); break;
+    case 7: borrowed.msg.video.data = static_cast<itemMsgMaItemVideo_t*>(data); break;
+    case 8: borrowed.msg.interactive.data = static_cast<itemMsgMaItemInteractive_t*>(data); break;
+    case 9: borrowed.msg.document.data = static_cast<itemMsgMaItemDocument_t*>(data); break;
+    default: break;
+  }
+  return ma::rpc::convertMaItem(borrowed.msg);
+}
+
 TEST(MessageToItem, AllZeroMessageGivesAnEmptyPointer) {
   const itemMsgMaItem_t msg;
   EXPECT_FALSE(ma::rpc::convertMaItem(msg));
@@ -130,10 +151,7 @@ TEST(MessageToItem, StringOfLengthThreeOverSixCharactersGivesTheFirstThree) {
   HandMadePayload payload;
   payload.setString(offsetof(itemMsgMaItemInfo_t, title), "abcdef", 3);
   payload.setString(offsetof(itemMsgMaItemInfo_t, caption), "xyzuvw", 3);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 0;
-  borrowed.msg.folder.data = reinterpret_cast<itemMsgMaItemFolder_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(0, payload);
   ASSERT_TRUE(item);
   EXPECT_EQ("abc", item->getTitle());
   EXPECT_EQ("xyz", item->getCaption());
@@ -143,10 +161,7 @@ TEST(MessageToItem, StringsAreCopiedByLengthNotByTerminator) {
   static const char kText[] = {'a', '\0', 'b', 'c'};  // no terminator at 3
   HandMadePayload payload;
   payload.setString(offsetof(itemMsgMaItemInfo_t, uuid), kText, 4);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 0;
-  borrowed.msg.folder.data = reinterpret_cast<itemMsgMaItemFolder_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(0, payload);
   EXPECT_EQ(std::string(kText, 4), item->getUUID());
 }
 
@@ -154,10 +169,7 @@ TEST(MessageToItem, StringWithALengthButNullDataGivesTheEmptyText) {
   HandMadePayload payload;
   payload.setString(offsetof(itemMsgMaItemInfo_t, caption), nullptr, 12);
   payload.setString(offsetof(itemMsgMaItemInfo_t, genre), nullptr, 5);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 1;
-  borrowed.msg.music.data = reinterpret_cast<itemMsgMaItemMusic_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(1, payload);
   ASSERT_TRUE(item);
   EXPECT_EQ("", item->getCaption());
   EXPECT_EQ("", item->getGenre());
@@ -177,10 +189,7 @@ TEST(MessageToItem, VideoTimesWithNullDataOrLengthZeroGiveEmptyTexts) {
   payload.setString(offsetof(itemMsgMaItemInfo_t, caption), "cap", 3);
   payload.setString(offsetof(itemMsgMaItemVideo_t, startTime), nullptr, 5);
   payload.setString(offsetof(itemMsgMaItemVideo_t, endTime), "x", 0);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 7;
-  borrowed.msg.video.data = reinterpret_cast<itemMsgMaItemVideo_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(7, payload);
   ASSERT_TRUE(item);
   const auto& video = dynamic_cast<const ma::VideoItemInfo&>(*item);
   EXPECT_EQ("cap", video.getCaption());
@@ -190,10 +199,7 @@ TEST(MessageToItem, VideoTimesWithNullDataOrLengthZeroGiveEmptyTexts) {
 
 TEST(MessageToItem, MessageValuesReplaceEveryConstructorDefault) {
   HandMadePayload payload;  // all zero: empty strings, 0 and false
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 9;
-  borrowed.msg.document.data = reinterpret_cast<itemMsgMaItemDocument_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(9, payload);
   ASSERT_TRUE(item);
   EXPECT_FALSE(item->isReceivable());
   EXPECT_FALSE(item->isVisible());
@@ -208,10 +214,7 @@ TEST(MessageToItem, AnyNonZeroBoolByteIsTrue) {
   payload.setNumber<std::uint8_t>(offsetof(itemMsgMaItemInfo_t, receivable), 2);
   payload.setNumber<std::uint8_t>(offsetof(itemMsgMaItemInfo_t, visible), 0xFF);
   payload.setNumber<std::uint8_t>(offsetof(itemMsgMaItemInfo_t, selectable), 0x80);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 4;
-  borrowed.msg.playlist.data = reinterpret_cast<itemMsgMaItemPlaylist_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(4, payload);
   EXPECT_TRUE(item->isReceivable());
   EXPECT_TRUE(item->isVisible());
   EXPECT_TRUE(item->isSelectable());
@@ -230,10 +233,7 @@ TEST(MessageToItem, NumbersAtOddOffsetsAreReadWithoutAlignment) {
   payload.setNumber<std::int64_t>(offsetof(itemMsgMaItemInfo_t, dateNumeric), -164);
   payload.setString(offsetof(itemMsgMaItemInfo_t, recStartTime), "339", 3);
   payload.setString(offsetof(itemMsgMaItemInfo_t, recFailType), "395", 3);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 2;
-  borrowed.msg.other.data = reinterpret_cast<itemMsgMaItemOther_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(2, payload);
   ASSERT_TRUE(item);
   EXPECT_EQ(-313, item->getVolumeCorrection());
   EXPECT_EQ(323u, item->getSoundSelection());
@@ -251,10 +251,7 @@ TEST(MessageToItem, ServiceAndOriginalNetworkIdentifiersKeepTheirMembers) {
   HandMadePayload payload;
   payload.setString(offsetof(itemMsgMaItemInfo_t, recOnId), "on", 2);
   payload.setString(offsetof(itemMsgMaItemInfo_t, recServiceId), "service", 7);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 0;
-  borrowed.msg.folder.data = reinterpret_cast<itemMsgMaItemFolder_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(0, payload);
   EXPECT_EQ("on", item->getRecOnId());
   EXPECT_EQ("service", item->getRecServiceId());
 }
@@ -268,10 +265,7 @@ TEST(MessageToItem, SettersTrimWhatTheyTrimAndTheConstructorKeepsCaptionAndUuid)
   payload.setString(offsetof(itemMsgMaItemVideo_t, startTime), "  10:00 ", 8);
   payload.setString(offsetof(itemMsgMaItemVideo_t, endTime), "11:00\n", 6);
   payload.setString(offsetof(itemMsgMaItemInfo_t, actor), " actor ", 7);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 7;
-  borrowed.msg.video.data = reinterpret_cast<itemMsgMaItemVideo_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(7, payload);
   ASSERT_TRUE(item);
   const auto& video = dynamic_cast<const ma::VideoItemInfo&>(*item);
   EXPECT_EQ("  cap \t", video.getCaption());
@@ -287,10 +281,7 @@ TEST(MessageToItem, ActorAndDirectorOfANonVideoKindAreDropped) {
   HandMadePayload payload;
   payload.setString(offsetof(itemMsgMaItemInfo_t, actor), "actor", 5);
   payload.setString(offsetof(itemMsgMaItemInfo_t, director), "director", 8);
-  BorrowedMessage borrowed;
-  borrowed.msg.kind = 1;
-  borrowed.msg.music.data = reinterpret_cast<itemMsgMaItemMusic_t*>(payload.at());
-  const ItemPtr item = ma::rpc::convertMaItem(borrowed.msg);
+  const ItemPtr item = readPayload(1, payload);
   EXPECT_EQ("", item->getActor());
   EXPECT_EQ("", item->getDirector());
 }

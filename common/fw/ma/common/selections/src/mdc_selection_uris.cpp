@@ -87,7 +87,7 @@ int parseSelectionText(SelectionStrings& parts, char const* text) {
   }
   parts.sourceType = textBetween(text, colon);
   // volumeEnd lies two characters before volumeBegin: this throws
-  // std::length_error for every URI, and callers rely on it.
+  // std::length_error for every URI, the parser's delivered behaviour.
   parts.volume = textBetween(volumeBegin, volumeEnd);
   return parsePathAndParameters(parts, volumeEnd + 1);
 }

@@ -53,8 +53,8 @@ VfsEntry::VfsEntry() : m_attributes(nullptr) {
 
 VfsEntry::~VfsEntry() {
   pthread_mutex_destroy(&m_mutex);
-  // m_attributes is deliberately not freed: existing clients rely on the
-  // base leaving the map behind, and leak checks suppress exactly this block.
+  // m_attributes is deliberately not freed: the base's destruction leaves the
+  // map behind, as it always has; leak checks suppress exactly this block.
 }
 
 boost::shared_ptr<VfsIterator> VfsEntry::getIterator() { return boost::shared_ptr<VfsIterator>(); }

@@ -21,12 +21,8 @@ using ma_rpc_test::infoOf;
 using ma_rpc_test::ItemPtr;
 using ma_rpc_test::makeDistinctItem;
 using ma_rpc_test::makeItem;
+using ma_rpc_test::topLevelOf;
 using Bytes = std::vector<unsigned char>;
-
-Bytes topLevelOf(const itemMsgMaItem_t& msg) {
-  const unsigned char* bytes = reinterpret_cast<const unsigned char*>(&msg);
-  return Bytes(bytes, bytes + sizeof msg);
-}
 
 // Zeroes a message whose content is gone, so that its destructor frees
 // nothing a second time.

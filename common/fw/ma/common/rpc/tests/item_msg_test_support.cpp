@@ -290,6 +290,11 @@ void defineReservedWord(const itemMsgMaItem_t& msg, std::uint32_t value) {
   if (info != nullptr) info->reserved = value;
 }
 
+std::vector<unsigned char> topLevelOf(const itemMsgMaItem_t& msg) {
+  const unsigned char* bytes = reinterpret_cast<const unsigned char*>(&msg);
+  return std::vector<unsigned char>(bytes, bytes + sizeof msg);
+}
+
 void copyTopLevel(const itemMsgMaItem_t& from, itemMsgMaItem_t* to) {
   std::memcpy(static_cast<void*>(to), static_cast<const void*>(&from), sizeof from);
 }

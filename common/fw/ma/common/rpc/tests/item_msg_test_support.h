@@ -157,6 +157,9 @@ MessageBytes bytesOf(const itemMsgMaItem_t& msg);
 // that compares whole messages defines it first.
 void defineReservedWord(const itemMsgMaItem_t& msg, std::uint32_t value = 0);
 
+// The bytes of the message's top level (76 on the target).
+std::vector<unsigned char> topLevelOf(const itemMsgMaItem_t& msg);
+
 // Copies the message's 76-byte top level into `to`.
 void copyTopLevel(const itemMsgMaItem_t& from, itemMsgMaItem_t* to);
 

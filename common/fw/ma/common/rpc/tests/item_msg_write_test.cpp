@@ -19,13 +19,9 @@ using ma_rpc_test::ItemPtr;
 using ma_rpc_test::KindCase;
 using ma_rpc_test::makeDistinctItem;
 using ma_rpc_test::makeItem;
+using ma_rpc_test::topLevelOf;
 using ma_rpc_test::textOf;
 using Bytes = std::vector<unsigned char>;
-
-Bytes topLevelOf(const itemMsgMaItem_t& msg) {
-  const unsigned char* bytes = reinterpret_cast<const unsigned char*>(&msg);
-  return Bytes(bytes, bytes + sizeof msg);
-}
 
 std::size_t slotOffsetOf(std::uint32_t code) {
   switch (code) {

@@ -1,23 +1,61 @@
 # ctest -P script: installs the build into a scratch prefix, then configures,
 # builds and runs the consumer against it.
 #   -DBUILD_DIR=<library build> -DSOURCE_DIR=<this folder> -DWORK_DIR=<scratch>
-#   -DGENERATOR=<generator>
+#   -DGENERATOR=<generator> -DLIBDIR=<CMAKE_INSTALL_LIBDIR of the build>
+#   -DMETHOD=cmake|pkg-config  how the consumer finds the library
+# For a cross build also:
+#   -DTOOLCHAIN_FILE=<file>    the build's toolchain file
+#   -DEMULATOR=<a|b|c>         the program that runs target binaries, '|' between its words
+#   -DBOOST_HEADERS=<dir>      the architecture-independent Boost headers
+#
+# pkg-config sees the prefix's ma-common.pc alone (PKG_CONFIG_LIBDIR). The
+# consumer runs with the prefix's library folder on LD_LIBRARY_PATH (given to
+# the program itself, not to the emulator).
+set(prefix "${WORK_DIR}/prefix")
+set(libdir "${prefix}/${LIBDIR}")
 file(REMOVE_RECURSE "${WORK_DIR}")
-execute_process(COMMAND ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${WORK_DIR}/prefix"
-  RESULT_VARIABLE result OUTPUT_QUIET)
-if(result)
-  message(FATAL_ERROR "install failed: ${result}")
+
+function(run what)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result
+    OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(result)
+    message(FATAL_ERROR "${what} failed (${result}):\n${output}")
+  endif()
+  message(STATUS "${what}: ok")
+  if(what MATCHES "^running")
+    message(STATUS "${output}")
+  endif()
+endfunction()
+
+run("installing" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+
+set(configure ${CMAKE_COMMAND} -S "${SOURCE_DIR}" -B "${WORK_DIR}/build" -G "${GENERATOR}"
+  "-DCONSUMER_FINDS_LIBRARY_WITH=${METHOD}")
+if(TOOLCHAIN_FILE)
+  list(APPEND configure "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN_FILE}")
 endif()
-execute_process(COMMAND ${CMAKE_COMMAND} -S "${SOURCE_DIR}" -B "${WORK_DIR}/build" -G "${GENERATOR}"
-  "-DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix" RESULT_VARIABLE result)
-if(result)
-  message(FATAL_ERROR "configuring the consumer failed: ${result}")
+if(METHOD STREQUAL "pkg-config")
+  set(configure ${CMAKE_COMMAND} -E env "PKG_CONFIG_LIBDIR=${libdir}/pkgconfig"
+    --unset=PKG_CONFIG_PATH ${configure})
+else()
+  # The toolchain file confines searches to the target's sysroot, so the
+  # package is named by its folder; Boost's headers, which the target's
+  # sysroot lacks, are shown alone (as the library's own build does).
+  list(APPEND configure "-Dma-common_DIR=${libdir}/cmake/ma-common")
+  if(BOOST_HEADERS)
+    set(boost_only "${WORK_DIR}/boost-only-include")
+    file(MAKE_DIRECTORY "${boost_only}")
+    file(CREATE_LINK "${BOOST_HEADERS}" "${boost_only}/boost" SYMBOLIC)
+    list(APPEND configure "-DBoost_INCLUDE_DIR=${boost_only}")
+  endif()
 endif()
-execute_process(COMMAND ${CMAKE_COMMAND} --build "${WORK_DIR}/build" RESULT_VARIABLE result)
-if(result)
-  message(FATAL_ERROR "building the consumer failed: ${result}")
+run("configuring the consumer (${METHOD})" ${configure})
+run("building the consumer" ${CMAKE_COMMAND} --build "${WORK_DIR}/build")
+
+if(EMULATOR)
+  string(REPLACE "|" ";" emulator "${EMULATOR}")
+  set(command ${emulator} -E "LD_LIBRARY_PATH=${libdir}" "${WORK_DIR}/build/consumer")
+else()
+  set(command ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${libdir}" "${WORK_DIR}/build/consumer")
 endif()
-execute_process(COMMAND "${WORK_DIR}/build/consumer" RESULT_VARIABLE result)
-if(result)
-  message(FATAL_ERROR "the consumer failed: ${result}")
-endif()
+run("running the consumer" ${command})

@@ -51,6 +51,7 @@ install(FILES
 # the same file serves /usr in the packages and any --prefix or sysroot.
 file(RELATIVE_PATH MA_COMMON_PC_TO_PREFIX
   "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+string(REGEX REPLACE "/$" "" MA_COMMON_PC_TO_PREFIX "${MA_COMMON_PC_TO_PREFIX}")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/ma-common.pc.in
   ${PROJECT_BINARY_DIR}/ma-common.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/ma-common.pc

@@ -9,6 +9,8 @@ packages=(
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
+  dpkg-dev                                    # Debian packages: dpkg-architecture
+  abigail-tools                               # ABI baseline: abidw, abidiff
 )
 
 missing=()

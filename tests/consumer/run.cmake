@@ -11,20 +11,14 @@
 # pkg-config sees the prefix's ma-common.pc alone (PKG_CONFIG_LIBDIR). The
 # consumer runs with the prefix's library folder on LD_LIBRARY_PATH (given to
 # the program itself, not to the emulator).
+include("${CMAKE_CURRENT_LIST_DIR}/../package/run_checked.cmake")
 set(prefix "${WORK_DIR}/prefix")
 set(libdir "${prefix}/${LIBDIR}")
 file(REMOVE_RECURSE "${WORK_DIR}")
 
 function(run what)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result
-    OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(result)
-    message(FATAL_ERROR "${what} failed (${result}):\n${output}")
-  endif()
+  run_checked("${what}" output ${ARGN})
   message(STATUS "${what}: ok")
-  if(what MATCHES "^running")
-    message(STATUS "${output}")
-  endif()
 endfunction()
 
 run("installing" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
@@ -58,4 +52,5 @@ if(EMULATOR)
 else()
   set(command ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${libdir}" "${WORK_DIR}/build/consumer")
 endif()
-run("running the consumer" ${command})
+run_checked("running the consumer" output ${command})
+message(STATUS "running the consumer: ${output}")

@@ -1,11 +1,8 @@
 # ctest -P script: makes the Debian packages of a build into an empty folder.
 #   -DCPACK_COMMAND=<cpack> -DCONFIG=<build>/CPackConfig.cmake -DOUTPUT_DIR=<folder>
+include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 file(REMOVE_RECURSE "${OUTPUT_DIR}")
-execute_process(COMMAND "${CPACK_COMMAND}" --config "${CONFIG}" -B "${OUTPUT_DIR}"
-  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-if(result)
-  message(FATAL_ERROR "cpack failed (${result}):\n${output}")
-endif()
+run_checked("cpack" ignored "${CPACK_COMMAND}" --config "${CONFIG}" -B "${OUTPUT_DIR}")
 file(GLOB packages "${OUTPUT_DIR}/*.deb")
 foreach(package IN LISTS packages)
   file(SIZE "${package}" size)

@@ -55,17 +55,17 @@ set(MA_COMMON_PACKAGE_SYSTEM_DEPENDS "libc6 (>= 2.34), libstdc++6 (>= 11), libgc
 # links the receiver's platform library instead (MA_COMMON_PLATFORM_LIBRARY):
 # it makes no stand-in package, and its runtime package depends on the
 # device's platform package, named here.
+set(_ma_deb_version "${PROJECT_VERSION}-${MA_COMMON_PACKAGE_RELEASE}")
+set(_ma_runtime_depends "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}")
 if(MA_COMMON_PLATFORM_LIBRARY)
   set(MA_COMMON_PLATFORM_PACKAGE "" CACHE STRING
     "Debian dependency on the package of the platform library (device builds)")
-  set(_ma_platform_depends "${MA_COMMON_PLATFORM_PACKAGE}")
+  if(MA_COMMON_PLATFORM_PACKAGE)
+    string(APPEND _ma_runtime_depends ", ${MA_COMMON_PLATFORM_PACKAGE}")
+  endif()
 else()
-  set(_ma_platform_depends "libzel-standin1 (= @MA_DEB_VERSION@)")
+  string(APPEND _ma_runtime_depends ", libzel-standin1 (= ${_ma_deb_version})")
 endif()
-
-set(_ma_deb_version "${PROJECT_VERSION}-${MA_COMMON_PACKAGE_RELEASE}")
-string(REPLACE "@MA_DEB_VERSION@" "${_ma_deb_version}" _ma_platform_depends
-  "${_ma_platform_depends}")
 
 set(CPACK_GENERATOR "DEB")
 set(CPACK_PACKAGE_NAME "ma-common")
@@ -95,8 +95,7 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "libma-common1")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION "libs")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS
-  "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}, ${_ma_platform_depends}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "${_ma_runtime_depends}")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "common media-access library of the receiver's media services
 libma-common gives the receiver's media services (content browser, recorder,
 playback front ends) one vocabulary: item records in nine kinds, the packed

@@ -10,6 +10,7 @@ packages=(
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
   python3                                     # the guide's snippet check
+  doxygen                                     # the API reference
 )
 
 missing=()

@@ -72,9 +72,9 @@ inline boost::shared_ptr<ma::VfsFixedFolder> buildMediaTree() {
   recordings->addEntry(makeRecording("Abendschau", "UUID-rec-2", 1710185400));
   recordings->addEntry(makeRecording("Bergdoktor", "UUID-rec-3", 1709838900));
 
-  root->addEntry(music);                                  // $0
+  root->addEntry(music);                                    // $0
   root->addEntry(makeFolder("Pictures", "UUID-pictures"));  // $1
-  root->addEntry(recordings);                             // $2
+  root->addEntry(recordings);                               // $2
   return root;
 }
 // [guide:end]

@@ -1,9 +1,10 @@
 #!/bin/sh
-# Builds the guide's client with the compiler and linker flags that
-# pkg-config gives for the installed library.
-#   PKG_CONFIG_PATH=<prefix>/lib/pkgconfig build-with-pkg-config.sh <program>
+# Builds the guide's client in folder <work> with the compiler and linker
+# flags that pkg-config gives for the installed library.
+#   PKG_CONFIG_PATH=<prefix>/lib/pkgconfig build-with-pkg-config.sh <work>
 set -eu
-cd "$(dirname "$0")"
+cp "$(dirname "$0")/main.cpp" "$1/"
+cd "$1"
 # [guide:client-pkg-config]
-g++ -std=c++17 -o "$1" main.cpp $(pkg-config --define-prefix --cflags --libs ma-common)
+g++ -std=c++17 main.cpp -o client $(pkg-config --define-prefix --cflags --libs ma-common)
 # [guide:end]

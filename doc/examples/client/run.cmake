@@ -21,8 +21,9 @@ run("the client built with CMake" "${WORK_DIR}/cmake/client")
 
 # pkg-config's flags carry no run path: the program finds the library
 # through LD_LIBRARY_PATH.
+file(MAKE_DIRECTORY "${WORK_DIR}/pkg-config")
 run("building the client with pkg-config" ${CMAKE_COMMAND} -E env
   "PKG_CONFIG_PATH=${prefix}/lib/pkgconfig"
-  "${SOURCE_DIR}/build-with-pkg-config.sh" "${WORK_DIR}/client-pkg-config")
+  "${SOURCE_DIR}/build-with-pkg-config.sh" "${WORK_DIR}/pkg-config")
 run("the client built with pkg-config" ${CMAKE_COMMAND} -E env
-  "LD_LIBRARY_PATH=${prefix}/lib" "${WORK_DIR}/client-pkg-config")
+  "LD_LIBRARY_PATH=${prefix}/lib" "${WORK_DIR}/pkg-config/client")

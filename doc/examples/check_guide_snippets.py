@@ -4,9 +4,9 @@
 Usage: check_guide_snippets.py GUIDE EXAMPLES_DIR
 
 A block is introduced by a line "<!-- snippet: NAME -->" right before its
-opening fence. A region of an example file (*.cpp, *.h, *.sh, CMakeLists.txt
-under EXAMPLES_DIR) lies between the comment lines "// [guide:NAME]" and
-"// [guide:end]" ("#" instead of "//" in scripts). Block and region must be
+opening fence. A region of an example file (*.cpp, *.h, *.sh, *.cmake.in,
+CMakeLists.txt under EXAMPLES_DIR) lies between the lines "// [guide:NAME]"
+and "// [guide:end]" ("#" instead of "//" in scripts). Block and region must be
 equal after the common indentation of each is removed. Every "```cpp" block
 needs a marker; blocks of other languages (shell commands, CMake) are checked
 when they have one. Exits 1, naming each problem, when a C++ block has no
@@ -21,7 +21,7 @@ import textwrap
 MARKER = re.compile(r"^<!-- snippet: ([\w-]+) -->$")
 REGION_START = re.compile(r"^\s*(?://|#) \[guide:([\w-]+)\]$")
 REGION_END = re.compile(r"^\s*(?://|#) \[guide:end\]$")
-PATTERNS = ("*.cpp", "*.h", "*.sh", "CMakeLists.txt")
+PATTERNS = ("*.cpp", "*.h", "*.sh", "*.cmake.in", "CMakeLists.txt")
 
 
 def dedent(lines):

@@ -1,8 +1,10 @@
-# ctest -P script: installs the build into a scratch prefix, then builds the
+# ctest -P script: installs the build into a scratch SDK root, then builds the
 # guide's client against it twice, with CMake's package and with pkg-config,
-# and runs both.
+# and runs both (a cross build's under the emulator).
 #   -DBUILD_DIR=<library build> -DSOURCE_DIR=<this folder> -DWORK_DIR=<scratch>
-#   -DGENERATOR=<generator>
+#   -DGENERATOR=<generator> -DCXX=<C++ compiler>
+#   cross builds also: -DARM_TOOLCHAIN_FILE=<file> -DBOOST_HEADERS=<folder>
+#                      -DEMULATOR=<command|arg|...>
 function(run what)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
   if(result)
@@ -10,20 +12,31 @@ function(run what)
   endif()
 endfunction()
 
+string(REPLACE "|" ";" EMULATOR "${EMULATOR}")
 file(REMOVE_RECURSE "${WORK_DIR}")
-set(prefix "${WORK_DIR}/prefix")
+set(SDK_ROOT "${WORK_DIR}/sdk")
+set(prefix "${SDK_ROOT}/usr")
 run("installing" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
 
+set(configure_options "-DCMAKE_PREFIX_PATH=${prefix}")
+if(ARM_TOOLCHAIN_FILE)
+  # The SDK root holds Boost's headers beside the library's, as a device
+  # SDK does; the cross compiler sees no other host header.
+  file(CREATE_LINK "${BOOST_HEADERS}" "${prefix}/include/boost" SYMBOLIC)
+  configure_file("${SOURCE_DIR}/sdk-toolchain.cmake.in" "${WORK_DIR}/sdk-toolchain.cmake" @ONLY)
+  list(APPEND configure_options "-DCMAKE_TOOLCHAIN_FILE=${WORK_DIR}/sdk-toolchain.cmake")
+endif()
+
 run("configuring the client" ${CMAKE_COMMAND} -S "${SOURCE_DIR}" -B "${WORK_DIR}/cmake"
-  -G "${GENERATOR}" "-DCMAKE_PREFIX_PATH=${prefix}")
+  -G "${GENERATOR}" ${configure_options})
 run("building the client" ${CMAKE_COMMAND} --build "${WORK_DIR}/cmake")
-run("the client built with CMake" "${WORK_DIR}/cmake/client")
+run("the client built with CMake" ${EMULATOR} "${WORK_DIR}/cmake/client")
 
 # pkg-config's flags carry no run path: the program finds the library
-# through LD_LIBRARY_PATH.
+# through LD_LIBRARY_PATH (QEMU_LD_PREFIX-relative under the emulator).
 file(MAKE_DIRECTORY "${WORK_DIR}/pkg-config")
 run("building the client with pkg-config" ${CMAKE_COMMAND} -E env
-  "PKG_CONFIG_PATH=${prefix}/lib/pkgconfig"
+  "CXX=${CXX}" "PKG_CONFIG_LIBDIR=${prefix}/lib/pkgconfig"
   "${SOURCE_DIR}/build-with-pkg-config.sh" "${WORK_DIR}/pkg-config")
 run("the client built with pkg-config" ${CMAKE_COMMAND} -E env
-  "LD_LIBRARY_PATH=${prefix}/lib" "${WORK_DIR}/pkg-config/client")
+  "LD_LIBRARY_PATH=${prefix}/lib" ${EMULATOR} "${WORK_DIR}/pkg-config/client")

@@ -7,8 +7,6 @@ function(ma_common_add_subsystem)
   set(include_dir "${CMAKE_CURRENT_SOURCE_DIR}/include")
   target_include_directories(ma-common-objects PUBLIC "${include_dir}")
   target_include_directories(ma-common PUBLIC "$<BUILD_INTERFACE:${include_dir}>")
-  # The public header folders, for the API reference (doc/CMakeLists.txt).
-  set_property(GLOBAL APPEND PROPERTY MA_COMMON_PUBLIC_INCLUDE_DIRS "${include_dir}")
   if(MA_COMMON_INSTALL)
     install(DIRECTORY "${include_dir}/" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
   endif()

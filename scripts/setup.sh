@@ -5,12 +5,11 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config binutils   # host build
+  python3 doxygen                             # guide snippet check, API reference
   libboost-dev                                # Boost headers (host and target)
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
-  python3                                     # the guide's snippet check
-  doxygen                                     # the API reference
 )
 
 missing=()

@@ -5,6 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config binutils   # host build
+  python3 doxygen                             # guide snippet check, API reference
   libboost-dev                                # Boost headers (host and target)
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks

@@ -1,8 +1,10 @@
-// MA_COMMON_EXPORT marks the library's public interface. The library is built
-// with hidden visibility, so everything not marked stays internal.
+/// @file
+/// MA_COMMON_EXPORT marks the library's public interface. The library is built
+/// with hidden visibility, so everything not marked stays internal.
 #ifndef MA_EXPORT_H_
 #define MA_EXPORT_H_
 
+/// Marks a class, function or object as part of the library's interface.
 #define MA_COMMON_EXPORT __attribute__((visibility("default")))
 
 #endif  // MA_EXPORT_H_

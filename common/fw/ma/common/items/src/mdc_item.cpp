@@ -1,10 +1,15 @@
 // The item record: field store, facade accessors and the nine kinds.
 //
-// The accessors are generated from the field list in mdc_item_fields.h, so
-// that each field is written down once. The text dump and the comparison
-// have their own orders and live in item_dump.cpp and item_compare.cpp.
+// The accessors are generated from the library's private field list
+// (ma_internal/item_fields.h), so that each field's behaviour is written down
+// once; the public header spells the declarations out. The text dump and the
+// comparison have their own orders and live in item_dump.cpp and
+// item_compare.cpp.
 #include "ma/mdc_item.h"
 
+#include <type_traits>
+
+#include "ma_internal/item_fields.h"
 #include "ma_internal/trace.h"
 
 namespace ma {
@@ -49,8 +54,34 @@ ItemInfo::ItemImpl* copyStoreOfKind(const ItemInfo::ItemImpl* source) {
 // ---------------------------------------------------------------------------
 // Field store
 
+// Every member gets the initial value of its row, in the order of the list:
+// with -Wreorder (a build error under MA_COMMON_WERROR) the header's member
+// order must be the list's. The item type is the first row and opens the
+// initialiser list; every other row adds ", member(initial)".
+#define MA_STORE_INITIALISE_FIRST(member, initial) member(initial)
+#define MA_STORE_INITIALISE_NEXT(member, initial) , member(initial)
+#define MA_STORE_INITIALISE_TYPE MA_STORE_INITIALISE_FIRST
+#define MA_STORE_INITIALISE_SUBTYPE MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_UUID MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_STR MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_I32 MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_U32 MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_I64 MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_U64 MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_BOOL MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE_WORD MA_STORE_INITIALISE_NEXT
+#define MA_STORE_INITIALISE(kind, member, get, set, storeGet, storeSet, q, stores, initial) \
+  MA_STORE_INITIALISE_##kind(member, initial)
+
+// Each member declared in the header has the type of its row.
+#define MA_STORE_CHECK_TYPE(kind, member, get, set, storeGet, storeSet, q, stores, initial) \
+  static_assert(std::is_same<decltype(member), MA_ITEM_FIELD_TYPE_##kind>::value,         \
+                #member " is declared with the type of its field kind");
+
 ItemInfo::ItemImpl::ItemImpl(itemType type, std::string const& caption, std::string const& uuid)
-    : m_itemType(type), m_caption(caption), m_uuid(uuid) {}
+    : MA_ITEM_FIELDS(MA_STORE_INITIALISE) {
+  MA_ITEM_FIELDS(MA_STORE_CHECK_TYPE)
+}
 
 ItemInfo::ItemImpl::ItemImpl(ItemImpl const& other) = default;
 

@@ -1,12 +1,17 @@
 // Accessor signatures of the field store. Client binaries call them by their
 // mangled names, which depend on the exact parameter and result types and on
 // const-ness; the facade's are pinned by the field table test.
+//
+// The second half holds the accessors declared in ma/mdc_item.h to the
+// library's private field list, row by row, so that the written-out public
+// declarations and the list that generates their definitions agree.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <type_traits>
 
 #include "ma/mdc_item.h"
+#include "ma_internal/item_fields.h"
 #include "ma_test/vtable_slot.h"
 
 namespace {
@@ -97,6 +102,59 @@ static_assert(same<void (ma::VideoItemInfo::*)(std::string)>(&ma::VideoItemInfo:
               "start time by value");
 static_assert(same<bool (ma::ItemInfo::*)(ma::ItemInfo const&)>(&ma::ItemInfo::operator==),
               "non-const comparison");
+
+// Every row of the field list, on the facade: the item type is answered by
+// value and has no facade setter, the UUID has a getter only, flags go by
+// value, every other field is answered by const reference and set from one.
+using Facade = ma::ItemInfo;
+#define EXPECT_FACADE_TYPE(type, get, set) \
+  static_assert(same<type (Facade::*)() const>(&Facade::get), "facade " #get);
+#define EXPECT_FACADE_UUID(type, get, set) \
+  static_assert(same<type const& (Facade::*)() const>(&Facade::get), "facade " #get);
+#define EXPECT_FACADE_BOOL(type, get, set)                                        \
+  static_assert(same<type (Facade::*)() const>(&Facade::get), "facade " #get); \
+  static_assert(same<void (Facade::*)(type)>(&Facade::set), "facade " #set);
+#define EXPECT_FACADE_WORD(type, get, set)
+#define EXPECT_FACADE_VALUE(type, get, set)                                              \
+  static_assert(same<type const& (Facade::*)() const>(&Facade::get), "facade " #get); \
+  static_assert(same<void (Facade::*)(type const&)>(&Facade::set), "facade " #set);
+#define EXPECT_FACADE_SUBTYPE EXPECT_FACADE_VALUE
+#define EXPECT_FACADE_STR EXPECT_FACADE_VALUE
+#define EXPECT_FACADE_I32 EXPECT_FACADE_VALUE
+#define EXPECT_FACADE_U32 EXPECT_FACADE_VALUE
+#define EXPECT_FACADE_I64 EXPECT_FACADE_VALUE
+#define EXPECT_FACADE_U64 EXPECT_FACADE_VALUE
+#define EXPECT_FACADE(kind, member, get, set, storeGet, storeSet, q, stores, initial) \
+  EXPECT_FACADE_##kind(MA_ITEM_FIELD_TYPE_##kind, get, set)
+MA_ITEM_FIELDS(EXPECT_FACADE)
+
+// Every row on the store: the getter's const-ness is the row's; the item
+// type's setter takes a value.
+#define EXPECT_STORE_TYPE(type, get, set, q)                                       \
+  static_assert(same<type const& (Store::*)() q>(&Store::get), "store " #get); \
+  static_assert(same<void (Store::*)(type)>(&Store::set), "store " #set);
+#define EXPECT_STORE_UUID(type, get, set, q) \
+  static_assert(same<type const& (Store::*)() q>(&Store::get), "store " #get);
+#define EXPECT_STORE_BOOL(type, get, set, q)                                \
+  static_assert(same<type (Store::*)() q>(&Store::get), "store " #get); \
+  static_assert(same<void (Store::*)(type)>(&Store::set), "store " #set);
+#define EXPECT_STORE_WORD(type, get, set, q)
+#define EXPECT_STORE_VALUE(type, get, set, q)                                      \
+  static_assert(same<type const& (Store::*)() q>(&Store::get), "store " #get); \
+  static_assert(same<void (Store::*)(type const&)>(&Store::set), "store " #set);
+#define EXPECT_STORE_SUBTYPE EXPECT_STORE_VALUE
+#define EXPECT_STORE_STR EXPECT_STORE_VALUE
+#define EXPECT_STORE_I32 EXPECT_STORE_VALUE
+#define EXPECT_STORE_U32 EXPECT_STORE_VALUE
+#define EXPECT_STORE_I64 EXPECT_STORE_VALUE
+#define EXPECT_STORE_U64 EXPECT_STORE_VALUE
+#define EXPECT_STORE(kind, member, get, set, storeGet, storeSet, q, stores, initial) \
+  EXPECT_STORE_##kind(MA_ITEM_FIELD_TYPE_##kind, storeGet, storeSet, q)
+MA_ITEM_FIELDS(EXPECT_STORE)
+
+// The list names every field once: 59 rows, 58 of them with accessors.
+#define COUNT_ROW(kind, member, get, set, storeGet, storeSet, q, stores, initial) +1
+static_assert(0 MA_ITEM_FIELDS(COUNT_ROW) == 59, "one row per field");
 
 // The store's recording getters work on a non-const store.
 TEST(ItemStoreSignatures, RecordingGettersReadTheStoredValues) {

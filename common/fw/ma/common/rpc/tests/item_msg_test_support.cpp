@@ -4,6 +4,8 @@
 #include <cstring>
 #include <limits>
 
+#include "ma_internal/item_fields.h"
+
 namespace ma_rpc_test {
 namespace {
 

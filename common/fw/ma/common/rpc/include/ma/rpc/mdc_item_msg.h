@@ -1,30 +1,31 @@
-// The item message: one item record, flattened so that it can cross a
-// process boundary.
-//
-// A message is a tagged choice: a kind code and nine optional references,
-// one per item kind, of which at most the one named by the code is set. The
-// reference leads to the kind's payload, a separately malloc()ed block that
-// starts with the common block itemMsgMaItemInfo_t (the video payload adds
-// start and end time). Strings are the platform's counted strings
-// (zelDeserString_t), each with its own malloc()ed characters.
-//
-// The layout is a contract with the other processes of the receiver: every
-// structure is packed, several 4-byte members lie at odd offsets (read them
-// by value or through memcpy, never through an aligned pointer), and on the
-// 32-bit target every size and offset is pinned at the end of this file. On
-// a 64-bit build the same declarations hold 8-byte pointers, so sizes and
-// offsets differ there.
-//
-// The platform's serialiser converts byte order and follows the references
-// through the endian description objects declared below; this library only
-// builds, reads and frees the in-memory form.
-//
-// Ownership: a message owns its payload and every string buffer under it.
-// releaseMaItemMsgContent() frees them; the wrapper's destructor calls it.
-//
-// Thread-safety: a message is plain data without locking. The conversions
-// keep no state and may run concurrently on different messages; the
-// description objects are constant.
+/// @file
+/// The item message: one item record, flattened so that it can cross a
+/// process boundary.
+///
+/// A message is a tagged choice: a kind code and nine optional references,
+/// one per item kind, of which at most the one named by the code is set. The
+/// reference leads to the kind's payload, a separately malloc()ed block that
+/// starts with the common block itemMsgMaItemInfo_t (the video payload adds
+/// start and end time). Strings are the platform's counted strings
+/// (zelDeserString_t), each with its own malloc()ed characters.
+///
+/// The layout is a contract with the other processes of the receiver: every
+/// structure is packed, several 4-byte members lie at odd offsets (read them
+/// by value or through memcpy, never through an aligned pointer), and on the
+/// 32-bit target every size and offset is pinned at the end of this file. On
+/// a 64-bit build the same declarations hold 8-byte pointers, so sizes and
+/// offsets differ there.
+///
+/// The platform's serialiser converts byte order and follows the references
+/// through the endian description objects declared below; this library only
+/// builds, reads and frees the in-memory form.
+///
+/// Ownership: a message owns its payload and every string buffer under it.
+/// releaseMaItemMsgContent() frees them; the wrapper's destructor calls it.
+///
+/// Thread-safety: a message is plain data without locking. The conversions
+/// keep no state and may run concurrently on different messages; the
+/// description objects are constant.
 #ifndef MA_RPC_MDC_ITEM_MSG_H_
 #define MA_RPC_MDC_ITEM_MSG_H_
 
@@ -40,23 +41,27 @@ namespace ma {
 class ItemInfo;
 }  // namespace ma
 
-// An optional reference: a presence word and a pointer to a separately
-// allocated `Payload`. A message built by this library sets `present` to 1
-// whenever it sets the slot, also when the payload allocation failed and
-// `data` is null; readers look at `data` only.
+/// An optional reference: a presence word and a pointer to a separately
+/// allocated `Payload`. A message built by this library sets `present` to 1
+/// whenever it sets the slot, also when the payload allocation failed and
+/// `data` is null; readers look at `data` only.
 template <typename Payload>
 struct __attribute__((packed)) itemMsgOptionalRef_t {
-  uint32_t present;  // 1 whenever the writer set the slot (`data` may still be null), else 0
-  Payload* data;     // from malloc(), or null
+  uint32_t present;  ///< 1 whenever the writer set the slot (`data` may still be null), else 0
+  Payload* data;     ///< from malloc(), or null
 };
 
-// The common block of every kind's payload: the item's fields, each named
-// after the accessor pair of ma::ItemInfo that it carries. Strings are
-// counted strings, bools one byte holding 0 or 1.
+/// The common block of every kind's payload: the item's fields, each named
+/// after the accessor pair of ma::ItemInfo that it carries. Strings are
+/// counted strings, bools one byte holding 0 or 1.
 struct __attribute__((packed)) itemMsgMaItemInfo_t {
+  /// @name Item fields
+  //@{
+  /// The ma::ItemInfo field of the same name (the locator: getItemLocator),
+  /// in the message's own order.
   zelDeserString_t itemSubType;
-  zelDeserString_t caption;  // the kind constructor's first argument
-  zelDeserString_t uuid;     // the kind constructor's second argument
+  zelDeserString_t caption;  ///< the kind constructor's first argument
+  zelDeserString_t uuid;     ///< the kind constructor's second argument
   zelDeserString_t originalUuid;
   zelDeserString_t originalVolume;
   zelDeserString_t itemLocator;
@@ -100,7 +105,7 @@ struct __attribute__((packed)) itemMsgMaItemInfo_t {
   int32_t volumeCorrection;
   uint8_t visible;
   uint8_t selectable;
-  uint32_t reserved;  // never written by the library (holds what malloc left) and never read
+  uint32_t reserved;  ///< never written by the library (holds what malloc left) and never read
   uint32_t soundSelection;
   uint32_t lcn;
   int32_t epgTheme;
@@ -114,30 +119,41 @@ struct __attribute__((packed)) itemMsgMaItemInfo_t {
   zelDeserString_t recEventType;
   zelDeserString_t recFailType;
   int32_t recChnum;
+  //@}
 };
 
 // The kind payloads. All but video are the common block alone.
-struct __attribute__((packed)) itemMsgMaItemFolder_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemMusic_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemOther_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemPicture_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemPlaylist_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemUnknown_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemInteractive_t { itemMsgMaItemInfo_t info; };
-struct __attribute__((packed)) itemMsgMaItemDocument_t { itemMsgMaItemInfo_t info; };
 
+/// The payload of a folder: the common block.
+struct __attribute__((packed)) itemMsgMaItemFolder_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of a music item: the common block.
+struct __attribute__((packed)) itemMsgMaItemMusic_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of an item of other content: the common block.
+struct __attribute__((packed)) itemMsgMaItemOther_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of a picture: the common block.
+struct __attribute__((packed)) itemMsgMaItemPicture_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of a playlist: the common block.
+struct __attribute__((packed)) itemMsgMaItemPlaylist_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of an item of unknown kind: the common block.
+struct __attribute__((packed)) itemMsgMaItemUnknown_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of an interactive service: the common block.
+struct __attribute__((packed)) itemMsgMaItemInteractive_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+/// The payload of a document: the common block.
+struct __attribute__((packed)) itemMsgMaItemDocument_t { itemMsgMaItemInfo_t info; /**< the fields */ };
+
+/// The payload of a video: the common block and the video's own times.
 struct __attribute__((packed)) itemMsgMaItemVideo_t {
-  itemMsgMaItemInfo_t info;
-  zelDeserString_t startTime;  // ma::VideoItemInfo::getStartTime / setStartTime
-  zelDeserString_t endTime;    // ma::VideoItemInfo::getEndTime / setEndTime
+  itemMsgMaItemInfo_t info;  ///< the fields common to every kind
+  zelDeserString_t startTime;  ///< ma::VideoItemInfo::getStartTime / setStartTime
+  zelDeserString_t endTime;    ///< ma::VideoItemInfo::getEndTime / setEndTime
 };
 
 namespace ma {
 namespace rpc {
 
-// The message's kind codes: its own numbering, not ma::itemType. Code 5 is
-// reserved and names no slot, so that 6 to 9 keep their numbers; writers
-// never produce it and readers treat it like any unknown code.
+/// The message's kind codes: its own numbering, not ma::itemType. Code 5 is
+/// reserved and names no slot, so that 6 to 9 keep their numbers; writers
+/// never produce it and readers treat it like any unknown code.
 enum ItemMsgKind : uint32_t {
   kItemMsgFolder = 0,
   kItemMsgMusic = 1,
@@ -153,41 +169,44 @@ enum ItemMsgKind : uint32_t {
 }  // namespace rpc
 }  // namespace ma
 
-// The message as the library's callers hold it: the top level of the item
-// message and nothing else, with conversions from and to item records.
-//
-// Construction or assignment from an item overwrites all of the top level
-// and builds new content; neither frees content the message held before
-// (call ma::rpc::releaseMaItemMsgContent() first). The destructor frees the
-// content, so a message released by hand must not be destroyed normally.
-//
-// Copying is disabled: a byte copy would share the payload and both
-// destructors would free it, and a deep copy cannot tell filled content
-// from the stale pointers of a released message.
+/// The message as the library's callers hold it: the top level of the item
+/// message and nothing else, with conversions from and to item records.
+///
+/// Construction or assignment from an item overwrites all of the top level
+/// and builds new content; neither frees content the message held before
+/// (call ma::rpc::releaseMaItemMsgContent() first). The destructor frees the
+/// content, so a message released by hand must not be destroyed normally.
+///
+/// Copying is disabled: a byte copy would share the payload and both
+/// destructors would free it, and a deep copy cannot tell filled content
+/// from the stale pointers of a released message.
 struct MA_COMMON_EXPORT __attribute__((packed)) _itemMsgMaItem_struct {
-  // All zero: kind 0 with no slot set, which carries no item.
+  /// All zero: kind 0 with no slot set, which carries no item.
   _itemMsgMaItem_struct();
-  // The message of `*item` (ma::rpc::convertMaItem), or all zero when
-  // `item` is empty.
+  /// The message of `*item` (ma::rpc::convertMaItem), or all zero when
+  /// `item` is empty.
   _itemMsgMaItem_struct(boost::shared_ptr<ma::ItemInfo> item);
-  // The message of `item` (ma::rpc::convertMaItem).
+  /// The message of `item` (ma::rpc::convertMaItem).
   _itemMsgMaItem_struct(ma::ItemInfo const& item);
   _itemMsgMaItem_struct(_itemMsgMaItem_struct const&) = delete;
   _itemMsgMaItem_struct& operator=(_itemMsgMaItem_struct const&) = delete;
-  // Frees the content (ma::rpc::releaseMaItemMsgContent). Never throws.
+  /// Frees the content (ma::rpc::releaseMaItemMsgContent). Never throws.
   ~_itemMsgMaItem_struct();
 
-  // Converts `*item` into this message; an empty `item` leaves the message
-  // exactly as it was (unlike the constructor, which zeroes it).
+  /// Converts `*item` into this message; an empty `item` leaves the message
+  /// exactly as it was (unlike the constructor, which zeroes it).
   _itemMsgMaItem_struct& operator=(boost::shared_ptr<ma::ItemInfo> item);
-  // Converts `item` into this message.
+  /// Converts `item` into this message.
   _itemMsgMaItem_struct& operator=(ma::ItemInfo const& item);
 
-  // A new item rebuilt from this message (ma::rpc::convertMaItem), or an
-  // empty pointer when the message carries none. The message is unchanged.
+  /// A new item rebuilt from this message (ma::rpc::convertMaItem), or an
+  /// empty pointer when the message carries none. The message is unchanged.
   operator boost::shared_ptr<ma::ItemInfo>() const;
 
-  uint32_t kind;  // an ma::rpc::ItemMsgKind; only the low byte is ever non-zero
+  uint32_t kind;  ///< an ma::rpc::ItemMsgKind; only the low byte is ever non-zero
+  /// @name Kind slots
+  //@{
+  /// The slot of one kind: only the one that `kind` names may be set.
   itemMsgOptionalRef_t<itemMsgMaItemFolder_t> folder;
   itemMsgOptionalRef_t<itemMsgMaItemMusic_t> music;
   itemMsgOptionalRef_t<itemMsgMaItemOther_t> other;
@@ -197,36 +216,40 @@ struct MA_COMMON_EXPORT __attribute__((packed)) _itemMsgMaItem_struct {
   itemMsgOptionalRef_t<itemMsgMaItemVideo_t> video;
   itemMsgOptionalRef_t<itemMsgMaItemInteractive_t> interactive;
   itemMsgOptionalRef_t<itemMsgMaItemDocument_t> document;
+  //@}
 };
+/// The name clients use for the message.
 typedef _itemMsgMaItem_struct itemMsgMaItem_t;
 
 namespace ma {
 namespace rpc {
 
-// Overwrites `msg` with the message of `item`: kind code, one slot, a fresh
-// payload and string buffers from malloc(). An item of no single known kind
-// (type 0, several bits, unknown bits) or whose class does not match its
-// type leaves `msg` all zero. Content `msg` held before is not freed.
+/// Overwrites `msg` with the message of `item`: kind code, one slot, a fresh
+/// payload and string buffers from malloc(). An item of no single known kind
+/// (type 0, several bits, unknown bits) or whose class does not match its
+/// type leaves `msg` all zero. Content `msg` held before is not freed.
 MA_COMMON_EXPORT void convertMaItem(_itemMsgMaItem_struct& msg, ma::ItemInfo const& item);
 
-// A new item of the kind that `msg` names, with every carried field set
-// through the item's setters; an empty pointer for kind 5, kinds above 9 and
-// a null payload pointer in the named slot. Only that slot's pointer is
-// read: its presence word and the other slots are ignored. `msg` is not
-// changed. Exceptions of the item's allocations propagate.
+/// A new item of the kind that `msg` names, with every carried field set
+/// through the item's setters; an empty pointer for kind 5, kinds above 9 and
+/// a null payload pointer in the named slot. Only that slot's pointer is
+/// read: its presence word and the other slots are ignored. `msg` is not
+/// changed. Exceptions of the item's allocations propagate.
 MA_COMMON_EXPORT boost::shared_ptr<ma::ItemInfo> convertMaItem(_itemMsgMaItem_struct const& msg);
 
-// Frees the payload named by `msg.kind` and every string buffer in it. Does
-// nothing for kind 5, kinds above 9 and a null payload pointer. Nothing in
-// `msg` is reset: releasing the same message twice frees twice.
+/// Frees the payload named by `msg.kind` and every string buffer in it. Does
+/// nothing for kind 5, kinds above 9 and a null payload pointer. Nothing in
+/// `msg` is reset: releasing the same message twice frees twice.
 MA_COMMON_EXPORT void releaseMaItemMsgContent(_itemMsgMaItem_struct& msg);
 
 }  // namespace rpc
 }  // namespace ma
 
-// The endian descriptions through which the platform's serialiser walks the
-// message: one per message structure, named __zel_EndianTable_<type>.
 extern "C" {
+/// @name Endian descriptions
+//@{
+/// The endian descriptions through which the platform's serialiser walks the
+/// message: one per message structure, named __zel_EndianTable_<type>.
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItem_t;
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemInfo_t;
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemFolder_t;
@@ -238,6 +261,7 @@ MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemUn
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemVideo_t;
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemInteractive_t;
 MA_COMMON_EXPORT extern const zelEndianTable_t __zel_EndianTable_itemMsgMaItemDocument_t;
+//@}
 }  // extern "C"
 
 // ---------------------------------------------------------------------------

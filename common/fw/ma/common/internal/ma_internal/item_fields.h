@@ -1,5 +1,13 @@
 // The fields of an item record, in declaration order: one row per field.
 //
+// This list is private to the library and its tests (it is not installed).
+// The public header ma/mdc_item.h spells every accessor and member out; the
+// implementation generates the accessor definitions from this list, and the
+// declarations are held to it field by field: the store's constructor
+// initialises the members in this order (a different order fails the build
+// with -Wreorder) and checks their types, and item_signatures_test.cpp pins
+// every declared accessor's signature from the rows below.
+//
 // MA_ITEM_FIELDS(X) expands X(kind, member, get, set, storeGet, storeSet,
 // storeGetQualifier, setterStores, initial) once per field, where
 //   kind               what the field is and how its accessors look:
@@ -18,20 +26,20 @@
 //   storeGetQualifier  const, or empty where the store's getter is non-const
 //   setterStores       STRIP: the setter stores the value trimmed of the
 //                      blanks " \t\n\r" at both ends; RAW: stored as given
-//   initial            the value after a kind constructor (caption, UUID and
-//                      item type come from the constructor's arguments)
+//   initial            the value after a kind constructor; `type`, `caption`
+//                      and `uuid` name the store constructor's arguments
 //
 // Other orders over these fields (text dump, comparison, message layout) are
 // written where they are used; this list is the declaration order.
-#ifndef MA_MDC_ITEM_FIELDS_H_
-#define MA_MDC_ITEM_FIELDS_H_
+#ifndef MA_INTERNAL_ITEM_FIELDS_H_
+#define MA_INTERNAL_ITEM_FIELDS_H_
 
 // clang-format off
 #define MA_ITEM_FIELDS(X)                                                                                                                      \
-  X(TYPE,    m_itemType,               getItemType,               none,                      getItemType,               setItemType,               const, RAW,   ITEM_TYPE_UNKNOWN) \
+  X(TYPE,    m_itemType,               getItemType,               none,                      getItemType,               setItemType,               const, RAW,   type) \
   X(SUBTYPE, m_itemSubType,            getItemSubType,            setItemSubType,            getItemSubType,            setItemSubType,            const, RAW,   ) \
-  X(STR,     m_caption,                getCaption,                setCaption,                getCaption,                setCaption,                const, STRIP, ) \
-  X(UUID,    m_uuid,                   getUUID,                   none,                      getUUID,                   none,                      const, RAW,   ) \
+  X(STR,     m_caption,                getCaption,                setCaption,                getCaption,                setCaption,                const, STRIP, caption) \
+  X(UUID,    m_uuid,                   getUUID,                   none,                      getUUID,                   none,                      const, RAW,   uuid) \
   X(STR,     m_originalAncestor,       getOriginalAncestor,       setOriginalAncestor,       getOriginalAncestor,       setOriginalAncestor,       const, RAW,   ) \
   X(STR,     m_creator,                getCreator,                setCreator,                getCreator,                setCreator,                const, RAW,   ) \
   X(STR,     m_originalUuid,           getOriginalUuid,           setOriginalUuid,           getOriginalUuid,           setOriginalUuid,           const, RAW,   ) \
@@ -101,4 +109,4 @@
 #define MA_ITEM_FIELD_TYPE_BOOL bool
 #define MA_ITEM_FIELD_TYPE_WORD unsigned int
 
-#endif  // MA_MDC_ITEM_FIELDS_H_
+#endif  // MA_INTERNAL_ITEM_FIELDS_H_

@@ -9,6 +9,7 @@ packages=(
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
+  libcli11-dev nlohmann-json3-dev             # ma-cli: arguments and --json
 )
 
 missing=()

@@ -43,10 +43,11 @@ class TreeWalk {
       }
       return;
     }
+    auto folder = boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry);
+    if (!folder) return;  // a leaf: nothing to sort
     // The sorted view names each child by its list position.
     std::unordered_map<ma::VfsEntry*, std::size_t> position;
     for (std::size_t index = children.size(); index-- > 0;) position[children[index].get()] = index;
-    auto folder = boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry);
     for (auto const& child : sortedChildrenOf(*folder, options_.sort)) {
       descend(child, position[child.get()], path, depth, visit);
     }

@@ -19,7 +19,7 @@ ma_cli_expect_match("tree" "${tree_OUT}"
 ma_cli_ok(depth tree --depth 1)
 ma_cli_expect_match("tree --depth 1" "${depth_OUT}"
   "^\\(root\\) +folder +Receiver\n\\$0 +folder +TV\n\\$1 +folder +Recordings\n\\$2 +folder +USB\n$")
-ma_cli_ok(sorted tree --sort +dc:title --depth 2)
+ma_cli_ok(sorted tree --sort +dc:title)
 ma_cli_expect_match("tree --sort +dc:title" "${sorted_OUT}"
   "\n\\$1\\$2 +video +Der Tatortreiniger\n\\$1\\$1 +video +Tagesschau\n\\$1\\$0 +video +Tatort: Borowski\n")
 ma_cli_ok(by_date tree --sort date --depth 2)

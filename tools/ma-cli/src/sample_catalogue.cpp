@@ -39,12 +39,17 @@ std::string usbLocator(std::string const& path) {
   return uri;
 }
 
-// A file's common fields: locator, size and date.
-void describeFile(ma::ItemInfo& item, std::string const& path, unsigned long long size,
-                  long long date) {
-  item.setItemLocator(usbLocator(path));
-  item.setFileSize(size);
-  item.setDateNumeric(date);
+// A file on the USB volume: a record of `kind` with locator, size and
+// date, added to `folder`. Returned for the caller's further fields.
+ItemPtr addFile(FolderPtr const& folder, ma::itemType kind, std::string const& caption,
+                std::string const& uuid, std::string const& path, unsigned long long size,
+                long long date) {
+  ItemPtr item = makeItem(kind, caption, uuid);
+  item->setItemLocator(usbLocator(path));
+  item->setFileSize(size);
+  item->setDateNumeric(date);
+  addLeaf(folder, item);
+  return item;
 }
 
 void addChannel(FolderPtr const& tv, std::string const& caption, std::string const& uuid,
@@ -137,9 +142,9 @@ void addMusic(FolderPtr const& usb) {
                           {"Blue in Green", "3", 5267712}};
   int index = 1;
   for (Track const& track : tracks) {
-    ItemPtr item = makeItem(ma::ITEM_TYPE_MUSIC, track.caption, "UUID-usb-track-" + std::to_string(index));
-    describeFile(*item, std::string("Music/Kind of Blue/0") + track.number + ".flac", track.size,
-                 kSampleDay - 30 * kDay + index * 60);
+    ItemPtr item = addFile(album, ma::ITEM_TYPE_MUSIC, track.caption, "UUID-usb-track-" + std::to_string(index),
+                           std::string("Music/Kind of Blue/0") + track.number + ".flac", track.size,
+                           kSampleDay - 30 * kDay + index * 60);
     item->setArtist("Miles Davis");
     item->setAlbum("Kind of Blue");
     item->setAlbumUUID("UUID-usb-album-1");
@@ -147,12 +152,10 @@ void addMusic(FolderPtr const& usb) {
     item->setYear("1959");
     item->setGenre("Jazz");
     item->setBitrate("1411");
-    addLeaf(album, item);
     ++index;
   }
-  ItemPtr playlist = makeItem(ma::ITEM_TYPE_PLAYLIST, "Evening.m3u", "UUID-usb-playlist-1");
-  describeFile(*playlist, "Music/Evening.m3u", 212, kSampleDay - 3 * kDay);
-  addLeaf(music, playlist);
+  addFile(music, ma::ITEM_TYPE_PLAYLIST, "Evening.m3u", "UUID-usb-playlist-1", "Music/Evening.m3u", 212,
+          kSampleDay - 3 * kDay);
 }
 
 void addUsb(FolderPtr const& root) {
@@ -160,40 +163,30 @@ void addUsb(FolderPtr const& root) {
   addMusic(usb);
 
   FolderPtr videos = addFolder(usb, "Videos", "UUID-usb-videos");
-  ItemPtr holiday = makeItem(ma::ITEM_TYPE_VIDEO, "Holiday 2026.mkv", "UUID-usb-video-1");
+  ItemPtr holiday = addFile(videos, ma::ITEM_TYPE_VIDEO, "Holiday 2026.mkv", "UUID-usb-video-1",
+                            "Videos/Holiday 2026.mkv", 734003200, kSampleDay - 60 * kDay);
   auto& video = static_cast<ma::VideoItemInfo&>(*holiday);
-  describeFile(*holiday, "Videos/Holiday 2026.mkv", 734003200, kSampleDay - 60 * kDay);
   holiday->setActor("The family");
   holiday->setDirector("Grandpa");
   holiday->setPlaytime("00:42:17");
   video.setStartTime("00:00:00");
   video.setEndTime("00:42:17");
-  addLeaf(videos, holiday);
 
   FolderPtr pictures = addFolder(usb, "Pictures", "UUID-usb-pictures");
-  ItemPtr beach = makeItem(ma::ITEM_TYPE_PICTURE, "Beach.jpg", "UUID-usb-picture-1");
-  describeFile(*beach, "Pictures/Beach.jpg", 2457600, kSampleDay - 61 * kDay);
-  addLeaf(pictures, beach);
-  ItemPtr sunset = makeItem(ma::ITEM_TYPE_PICTURE, "Sunset.jpg", "UUID-usb-picture-2");
-  describeFile(*sunset, "Pictures/Sunset.jpg", 3145728, kSampleDay - 59 * kDay);
-  addLeaf(pictures, sunset);
+  addFile(pictures, ma::ITEM_TYPE_PICTURE, "Beach.jpg", "UUID-usb-picture-1", "Pictures/Beach.jpg", 2457600,
+          kSampleDay - 61 * kDay);
+  addFile(pictures, ma::ITEM_TYPE_PICTURE, "Sunset.jpg", "UUID-usb-picture-2", "Pictures/Sunset.jpg", 3145728,
+          kSampleDay - 59 * kDay);
 
-  ItemPtr manual = makeItem(ma::ITEM_TYPE_DOCUMENT, "Manual.pdf", "UUID-usb-document-1");
-  describeFile(*manual, "Manual.pdf", 1048576, kSampleDay - 400 * kDay);
-  addLeaf(usb, manual);
-
-  ItemPtr app = makeItem(ma::ITEM_TYPE_INTERACTIVE, "Weather.html", "UUID-usb-app-1");
-  describeFile(*app, "Weather.html", 18432, kSampleDay - 10 * kDay);
+  addFile(usb, ma::ITEM_TYPE_DOCUMENT, "Manual.pdf", "UUID-usb-document-1", "Manual.pdf", 1048576,
+          kSampleDay - 400 * kDay);
+  ItemPtr app = addFile(usb, ma::ITEM_TYPE_INTERACTIVE, "Weather.html", "UUID-usb-app-1", "Weather.html", 18432,
+                        kSampleDay - 10 * kDay);
   app->setDescription("Weather forecast service");
-  addLeaf(usb, app);
-
-  ItemPtr subtitles = makeItem(ma::ITEM_TYPE_OTHER, "Holiday 2026.srt", "UUID-usb-other-1");
-  describeFile(*subtitles, "Videos/Holiday 2026.srt", 4096, kSampleDay - 60 * kDay);
-  addLeaf(usb, subtitles);
-
-  ItemPtr firmware = makeItem(ma::ITEM_TYPE_UNKNOWN, "update.bin", "UUID-usb-unknown-1");
-  describeFile(*firmware, "update.bin", 16777216, kSampleDay - 100 * kDay);
-  addLeaf(usb, firmware);
+  addFile(usb, ma::ITEM_TYPE_OTHER, "Holiday 2026.srt", "UUID-usb-other-1", "Videos/Holiday 2026.srt", 4096,
+          kSampleDay - 60 * kDay);
+  addFile(usb, ma::ITEM_TYPE_UNKNOWN, "update.bin", "UUID-usb-unknown-1", "update.bin", 16777216,
+          kSampleDay - 100 * kDay);
 }
 
 }  // namespace

@@ -108,8 +108,16 @@ class Scanner {
     }
     if (errno != 0) skip(path, std::string("listing stopped: ") + std::strerror(errno));
     ::closedir(directory);
-    std::sort(entries.begin(), entries.end(),
-              [](DirectoryEntry const& a, DirectoryEntry const& b) { return a.name < b.name; });
+    // Sorted through pointers: an entry with its status is large to move.
+    std::vector<DirectoryEntry*> order;
+    order.reserve(entries.size());
+    for (DirectoryEntry& entry : entries) order.push_back(&entry);
+    std::sort(order.begin(), order.end(),
+              [](DirectoryEntry const* a, DirectoryEntry const* b) { return a->name < b->name; });
+    std::vector<DirectoryEntry> sorted;
+    sorted.reserve(entries.size());
+    for (DirectoryEntry* entry : order) sorted.push_back(std::move(*entry));
+    entries.swap(sorted);
     return true;
   }
 

@@ -6,7 +6,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <stdexcept>
+
+#include "errors.h"
 
 namespace ma_cli {
 
@@ -57,7 +58,7 @@ void TextWriter::flush() {
       if (errno == EINTR) continue;
       int const error = errno;
       buffer_.clear();
-      throw std::runtime_error(std::string("cannot write the output: ") + std::strerror(error));
+      throw InputError(std::string("cannot write the output: ") + std::strerror(error));
     }
     written += static_cast<std::size_t>(result);
   }

@@ -38,8 +38,8 @@ class TextWriter {
     return *this << static_cast<unsigned long long>(number);
   }
 
-  // Writes out everything collected. Throws std::runtime_error when the
-  // descriptor refuses the text (a closed pipe is reported, not a crash).
+  // Writes out everything collected. Throws InputError when the descriptor
+  // refuses the text (a full disk, a closed descriptor).
   void flush();
 
  private:

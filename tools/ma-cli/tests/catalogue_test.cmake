@@ -82,6 +82,12 @@ foreach(command tree resolve dump msg "msg;decode" "uri;create" "uri;parse" dsys
   ma_cli_expect_match("${command} --help" "${help_OUT}" "Usage|usage|USAGE")
 endforeach()
 
+# An output that cannot be written: one line, exit code 1.
+execute_process(COMMAND ${MA_CLI_EMULATOR} "${MA_CLI}" tree OUTPUT_FILE /dev/full
+  ERROR_VARIABLE full_ERR RESULT_VARIABLE full_RC)
+set(full_OUT "")
+ma_cli_check_one_error_line("tree > /dev/full" 1 "cannot write the output: No space left on device" full)
+
 # A wrong command line: one line, exit code 2.
 ma_cli_bad(2 "frobnicate" frobnicate)
 ma_cli_bad(2 "--nonsense" --nonsense)

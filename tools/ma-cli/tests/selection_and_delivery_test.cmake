@@ -45,6 +45,11 @@ foreach(mask 6 0x6 0X0006 DVB-T,DVB-T2 dvb_t2,DVB-T "DELIVERY_SYSTEM_DVB_T,deliv
   ma_cli_expect_json("dsys ${mask}" "${system_OUT}" "ON" predicates isDvbT)
   ma_cli_expect_json("dsys ${mask}" "${system_OUT}" "OFF" predicates isDvbIP)
 endforeach()
+ma_cli_ok(before dsys --json 6)
+ma_cli_ok(after --json dsys 6)
+if(NOT before_OUT STREQUAL after_OUT)
+  ma_cli_fail("--json before and after the command differ:\n${before_OUT}\n${after_OUT}")
+endif()
 ma_cli_ok(text dsys 0x82)
 ma_cli_expect_match("dsys 0x82" "${text_OUT}"
   "^mask +0x0082 \\(130\\)\nbits +DVB-T,DVB-IP\nsystem +5 DELIVERY_SYSTEM_DVB_IP\n"

@@ -18,6 +18,8 @@ namespace {
 char const* const kSortedFolder = "$1";          // Recordings
 char const* const kSortCriteria[] = {"+dc:title", "-dc:title", "date"};
 char const* const kResolvedPaths[] = {"$2$0$0$1", "$0$UUID-tv-002", "$1$7"};
+char const* const kLookupFolder = "$0";          // TV
+char const* const kLookedUpUuid = "UUID-tv-002";  // ZDF HD
 char const* const kMessageItem = "$1$0";         // a recording
 unsigned int const kDeliveryMasks[] = {0x0,  0x1,  0x2,   0x6,   0x18,  0x24,  0x28,
                                        0x60, 0x80, 0x82,  0x300, 0x400, 0x1800};
@@ -34,6 +36,13 @@ std::string utcDate(long long seconds) {
     return std::to_string(seconds);
   }
   return text;
+}
+
+// The child of kLookupFolder with identifier kLookedUpUuid, through the
+// fixed folder's own lookup.
+boost::shared_ptr<ma::VfsEntry> uuidLookup(boost::shared_ptr<ma::VfsFixedFolder> const& root) {
+  auto folder = boost::dynamic_pointer_cast<ma::VfsFixedFolder>(resolveOrThrow(root, kLookupFolder).entry);
+  return folder->findEntrybyUUID(kLookedUpUuid);
 }
 
 ma::SelectionStrings sampleSelection() {
@@ -102,7 +111,11 @@ void printWalkText(TextWriter& out, Catalogue const& catalogue,
   }
   out << "(An identifier query finds nothing in a fixed folder: findUuid walks the\n"
       << "iterator that getIterator(search, order, filter) gives, and a fixed folder\n"
-      << "gives none. The folder's own step then reads the part as an index.)\n";
+      << "gives none. The folder's own step then reads the part as an index.\n"
+      << "The folder's own lookup by identifier, findEntrybyUUID, does find it:)\n";
+  boost::shared_ptr<ma::VfsEntry> found = uuidLookup(catalogue.root);
+  out << "findEntrybyUUID(\"" << kLookedUpUuid << "\") on " << kLookupFolder << " = "
+      << positionalPathOf(catalogue.root, found) << " \"" << found->getItemInfo()->getCaption() << "\"\n";
 
   heading(out, std::string("Item message of ") + kMessageItem + " \"" + messageItem.getCaption() + "\"");
   boost::shared_ptr<ma::ItemInfo> rebuilt;
@@ -132,6 +145,9 @@ Json walkJson(Catalogue const& catalogue, boost::shared_ptr<ma::VfsFixedFolder> 
   for (char const* path : kResolvedPaths) {
     json["resolve"].push_back(resolutionJson(catalogue.root, path, resolve(catalogue.root, path)));
   }
+  json["findEntrybyUUID"] = {{"folder", kLookupFolder}, {"uuid", kLookedUpUuid}};
+  boost::shared_ptr<ma::VfsEntry> found = uuidLookup(catalogue.root);
+  json["findEntrybyUUID"]["entry"] = entryJson(found, positionalPathOf(catalogue.root, found));
   boost::shared_ptr<ma::ItemInfo> rebuilt;
   json["message"] = messageJson(listMessage(messageItem, Layout::kTarget32, &rebuilt));
   json["message"]["path"] = kMessageItem;

@@ -131,5 +131,19 @@ ma_cli_bad(1 "directory \"[^\"]*/nowhere\": No such file or directory" dump "$0"
 ma_cli_run(locked PREFIX_COMMAND ${as_user} ARGS tree "${tree}/locked")
 ma_cli_check_one_error_line("tree locked" 1 "directory \"[^\"]*/locked\" cannot be read: Permission denied" locked)
 
+# A progress line on stderr while scanning, only when stderr is a terminal
+# (`script` gives the tool one): every 4096 entries, erased at the end.
+find_program(SCRIPT script)
+if(SCRIPT)
+  ma_cli_shell("rm -rf many && mkdir many && cd many && seq 5000 | xargs touch")
+  string(JOIN " " command ${MA_CLI_EMULATOR} "${MA_CLI}" tree "${WORK_DIR}/many" ">/dev/null")
+  execute_process(COMMAND "${SCRIPT}" -qec "${command}" /dev/null
+    OUTPUT_VARIABLE terminal RESULT_VARIABLE rc)
+  string(ASCII 27 escape)
+  ma_cli_expect_match("progress on a terminal (exit ${rc})" "${terminal}"
+    "\rma-cli: scanning, 4096 entries" "\r${escape}\\[K$")
+  ma_cli_ok(piped tree "${WORK_DIR}/many")  # stderr a pipe: nothing there
+endif()
+
 ma_cli_shell("chmod -R u+rwX tree")
 ma_cli_finish()

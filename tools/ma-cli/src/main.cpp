@@ -65,6 +65,8 @@ struct CommandLine {
     app.add_flag("--json", json, "Print one JSON document instead of text");
     app.fallthrough();  // --json is accepted after any subcommand too
     app.require_subcommand(0, 1);
+    app.footer("--json and --help work with every command. Exit codes: 0 success, 1 bad input,\n"
+               "2 a wrong command line, 3 an internal error; errors are one line on stderr.");
 
     tree = app.add_subcommand("tree", "Print the tree with each entry's path and kind");
     tree->add_option("DIR", treeOptions.directory, kDirectoryHelp);

@@ -4,11 +4,10 @@
 # reported in one line with exit code 1.
 include("${CMAKE_CURRENT_LIST_DIR}/MaCliTestSupport.cmake")
 
-# One sample entry of each kind, and the recordings and a channel.
+# One sample entry of each kind, and the encrypted recording.
 set(kinds_and_paths
   "folder=$2$0" "music=$2$0$0$0" "video=$1$0" "picture=$2$2$0" "playlist=$2$0$1"
-  "document=$2$3" "interactive=$2$4" "other=$2$5" "unknown=$2$6"
-  "video=$1$2" "video=$0$0" "video=$2$1$0" "folder=$2")
+  "document=$2$3" "interactive=$2$4" "other=$2$5" "unknown=$2$6" "video=$1$2")
 
 set(index 0)
 foreach(kind_and_path IN LISTS kinds_and_paths)

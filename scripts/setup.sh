@@ -7,6 +7,7 @@ packages=(
   cmake ninja-build g++ pkg-config binutils   # host build
   python3 doxygen                             # guide snippet check, API reference
   libboost-dev                                # Boost headers (host and target)
+  libcli11-dev nlohmann-json3-dev             # ma-cli: arguments and --json
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs

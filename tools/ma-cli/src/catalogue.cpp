@@ -1,0 +1,84 @@
+// Walks over a catalogue: children in list and sorted order, positional
+// paths, path resolution with the library's trace.
+#include "catalogue.h"
+
+#include "errors.h"
+#include "library_trace.h"
+#include "text_output.h"
+
+namespace ma_cli {
+
+namespace {
+
+// Every child an iterator delivers, from its first to the end.
+EntryList drain(boost::shared_ptr<ma::VfsIterator> const& iterator) {
+  EntryList children;
+  if (!iterator) return children;
+  iterator->rewind();
+  for (;;) {
+    boost::shared_ptr<ma::VfsEntry> child = iterator->getCurrentChild();
+    if (!child) break;
+    children.push_back(child);
+    iterator->advance();
+  }
+  return children;
+}
+
+bool findPath(boost::shared_ptr<ma::VfsEntry> const& entry,
+              boost::shared_ptr<ma::VfsEntry> const& target, std::string& path) {
+  if (entry == target) return true;
+  EntryList const children = childrenOf(*entry);
+  for (std::size_t index = 0; index < children.size(); ++index) {
+    std::size_t const length = path.size();
+    path += "$" + std::to_string(index);
+    if (findPath(children[index], target, path)) return true;
+    path.resize(length);
+  }
+  return false;
+}
+
+}  // namespace
+
+EntryList childrenOf(ma::VfsEntry& entry) {
+  if (!entry.hasIterator()) return EntryList();
+  return drain(entry.getIterator());
+}
+
+EntryList sortedChildrenOf(ma::VfsFixedFolder& folder, std::string const& criteria) {
+  return drain(folder.getSortedIterator(criteria));
+}
+
+bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry) {
+  return boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry) != nullptr;
+}
+
+std::string positionalPathOf(boost::shared_ptr<ma::VfsEntry> const& root,
+                             boost::shared_ptr<ma::VfsEntry> const& target) {
+  std::string path;
+  return findPath(root, target, path) ? path : "?";
+}
+
+Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path) {
+  Resolution resolution;
+  TraceRecording recording;
+  resolution.result =
+      root->resolvePath(resolution.entry, resolution.resultPath, resolution.parent, path, "");
+  resolution.trace = recording.lines();
+  if (resolution.result < 0) resolution.entry.reset();
+  return resolution;
+}
+
+Resolution resolveOrThrow(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+                          std::string const& path) {
+  Resolution resolution = resolve(root, path);
+  if (resolution.entry) return resolution;
+  std::string message = "path \"" + escaped(path) + "\" does not resolve (result " +
+                        std::to_string(resolution.result) + ")";
+  // The library's failure lines say which step failed and why.
+  for (std::string const& line : resolution.trace) {
+    if (line.find("failed with currPath") == std::string::npos) message += ": " + line;
+  }
+  throw InputError(message);
+}
+
+}  // namespace ma_cli

@@ -1,0 +1,70 @@
+// A catalogue: the fixed tree the tool works on (the built-in sample or a
+// scanned directory), and the walks every command makes over it.
+//
+// Entries are named by their positional path, "$" and the child's index in
+// its folder's list per level ("$2$0$1"); the root's path is "". A sorted
+// view never changes these names: the index is always the list position,
+// which is what path resolution reads.
+//
+// Thread-safety: none; a catalogue belongs to the tool's one thread.
+#ifndef MA_CLI_CATALOGUE_H_
+#define MA_CLI_CATALOGUE_H_
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <vector>
+
+#include "ma/mdc_vfs_fixed.h"
+
+namespace ma_cli {
+
+// An entry the directory scan left out, and why.
+struct SkippedEntry {
+  std::string path;    // file system path
+  std::string reason;  // e.g. "not readable", "symlink loop"
+};
+
+struct Catalogue {
+  boost::shared_ptr<ma::VfsFixedFolder> root;
+  std::vector<SkippedEntry> skipped;  // empty for the sample
+};
+
+typedef std::vector<boost::shared_ptr<ma::VfsEntry> > EntryList;
+
+// The children of `entry` in list order, through its plain iterator and the
+// synchronous twins; empty for a leaf.
+EntryList childrenOf(ma::VfsEntry& entry);
+
+// The children of `folder` in the order of getSortedIterator(criteria).
+EntryList sortedChildrenOf(ma::VfsFixedFolder& folder, std::string const& criteria);
+
+// Whether `entry` is a folder of the fixed tree.
+bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry);
+
+// The positional path of the first place where `target` sits below `root`
+// (depth-first, list order), "" for the root itself; "?" if it is not in
+// the tree.
+std::string positionalPathOf(boost::shared_ptr<ma::VfsEntry> const& root,
+                             boost::shared_ptr<ma::VfsEntry> const& target);
+
+// The outcome of resolving a path with VfsEntry::resolvePath (the form
+// with details).
+struct Resolution {
+  int result = 0;                              // 0, or -2 on failure
+  boost::shared_ptr<ma::VfsEntry> entry;       // the entry named (on success)
+  boost::shared_ptr<ma::VfsEntry> parent;      // see VfsEntry::resolvePath
+  std::string resultPath;                      // the parent's resolved path text
+  std::vector<std::string> trace;              // the library's trace lines
+};
+
+// Resolves `path` below `root`, recording the library's trace lines.
+Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path);
+
+// Like resolve(), but a failure throws InputError naming the path and the
+// library's explanation; the answer always has an entry.
+Resolution resolveOrThrow(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+                          std::string const& path);
+
+}  // namespace ma_cli
+
+#endif  // MA_CLI_CATALOGUE_H_

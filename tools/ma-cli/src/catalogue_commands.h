@@ -1,0 +1,64 @@
+// The catalogue commands: tree, resolve and dump, and the pieces of their
+// output that the default walk shows too.
+//
+// Each command works on the sample catalogue, or on the tree of a directory
+// when one is given (loadCatalogue()). Text output fits 80 columns for the
+// sample; --json gives the same information as one JSON document.
+#ifndef MA_CLI_CATALOGUE_COMMANDS_H_
+#define MA_CLI_CATALOGUE_COMMANDS_H_
+
+#include <string>
+#include <vector>
+
+#include "catalogue.h"
+#include "json_output.h"
+#include "text_output.h"
+
+namespace ma_cli {
+
+// Where a command prints, and in which form.
+struct Output {
+  TextWriter& text;
+  bool json;
+};
+
+// The sample catalogue when `directory` is empty, else the directory's tree
+// (with a progress line while scanning when stderr is a terminal). Skipped
+// entries are reported on stderr, one line each.
+Catalogue loadCatalogue(std::string const& directory, int maxDepth = -1);
+
+struct TreeOptions {
+  std::string directory;  // empty: the sample
+  std::string sort;       // empty: list order; else getSortedIterator's criteria
+  int maxDepth = -1;      // levels below the root to show; -1: all
+};
+
+// One line per entry: positional path, kind, caption indented by depth.
+void printTreeText(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& root,
+                   TreeOptions const& options);
+
+// The tree as nested objects (entryJson() plus "children" for folders), in
+// the same order and depth as printTreeText().
+Json treeJson(boost::shared_ptr<ma::VfsFixedFolder> const& root, TreeOptions const& options);
+
+// The lines of a text dump, without their line feeds.
+std::vector<std::string> linesOf(std::string const& text);
+
+// An entry's record in brief: path, kind, caption, identifier, locator,
+// size and date (the fields set).
+Json entryJson(boost::shared_ptr<ma::VfsEntry> const& entry, std::string const& path);
+
+// `path` resolved below `root`: the outcome and the library's trace lines.
+void printResolutionText(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& root,
+                         std::string const& path, Resolution const& resolution);
+Json resolutionJson(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path,
+                    Resolution const& resolution);
+
+void runTree(Output& output, TreeOptions const& options);
+// A path that does not resolve is bad input (InputError).
+void runResolve(Output& output, std::string const& path, std::string const& directory);
+void runDump(Output& output, std::string const& path, std::string const& directory);
+
+}  // namespace ma_cli
+
+#endif  // MA_CLI_CATALOGUE_COMMANDS_H_

@@ -1,0 +1,21 @@
+// The --json form of the output: every command builds one JSON document
+// with the same information as its text and prints it here.
+#ifndef MA_CLI_JSON_OUTPUT_H_
+#define MA_CLI_JSON_OUTPUT_H_
+
+#include <nlohmann/json.hpp>
+
+#include "text_output.h"
+
+namespace ma_cli {
+
+// Keys keep the order in which a command adds them.
+typedef nlohmann::ordered_json Json;
+
+// Writes `document` indented by two blanks, with a final line feed. Bytes
+// that are not UTF-8 (file names may hold any byte) become U+FFFD.
+void printJson(TextWriter& out, Json const& document);
+
+}  // namespace ma_cli
+
+#endif  // MA_CLI_JSON_OUTPUT_H_

@@ -1,0 +1,75 @@
+// Text output of ma-cli: a buffered writer for standard output and the
+// small formatting helpers every command uses.
+//
+// The writer collects text in memory and hands it to the operating system
+// in large blocks, so that printing a tree of 100,000 lines costs a few
+// write calls instead of one per line. Call flush() before the program
+// ends; the destructor flushes too, but cannot report a failure.
+//
+// Thread-safety: none; the tool prints from its one thread.
+#ifndef MA_CLI_TEXT_OUTPUT_H_
+#define MA_CLI_TEXT_OUTPUT_H_
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ma_cli {
+
+class TextWriter {
+ public:
+  // A writer to file descriptor `fd` (1: standard output).
+  explicit TextWriter(int fd = 1);
+  TextWriter(TextWriter const&) = delete;
+  TextWriter& operator=(TextWriter const&) = delete;
+  ~TextWriter();
+
+  TextWriter& operator<<(std::string const& text);
+  TextWriter& operator<<(char const* text);
+  TextWriter& operator<<(char character);
+  TextWriter& operator<<(long long number);
+  TextWriter& operator<<(unsigned long long number);
+  TextWriter& operator<<(int number) { return *this << static_cast<long long>(number); }
+  TextWriter& operator<<(unsigned int number) {
+    return *this << static_cast<unsigned long long>(number);
+  }
+  TextWriter& operator<<(long number) { return *this << static_cast<long long>(number); }
+  TextWriter& operator<<(unsigned long number) {
+    return *this << static_cast<unsigned long long>(number);
+  }
+
+  // Writes out everything collected. Throws InputError when the descriptor
+  // refuses the text (a full disk, a closed descriptor).
+  void flush();
+
+ private:
+  int fd_;
+  std::string buffer_;
+};
+
+// `text` with every control byte (below 0x20, and 0x7f) written as \xNN and
+// a backslash doubled, so that one value always stays on one line. Other
+// bytes, UTF-8 sequences included, are kept.
+std::string escaped(std::string const& text);
+
+// `text` padded with blanks on the right to `width` bytes (never cut).
+std::string padRight(std::string const& text, std::size_t width);
+
+// `text` padded with blanks on the left to `width` bytes (never cut).
+std::string padLeft(std::string const& text, std::size_t width);
+
+// `text` cut to at most `width` bytes, ending in "..." when cut; the cut
+// never splits a UTF-8 sequence.
+std::string clipped(std::string const& text, std::size_t width);
+
+// `text` broken at blanks into lines of at most `width` bytes; a word
+// longer than `width` gets a line of its own. An empty text gives one empty
+// line.
+std::vector<std::string> wrapped(std::string const& text, std::size_t width);
+
+// `value` as "0x" and at least `digits` lower-case hexadecimal digits.
+std::string hex(unsigned long long value, int digits = 1);
+
+}  // namespace ma_cli
+
+#endif  // MA_CLI_TEXT_OUTPUT_H_

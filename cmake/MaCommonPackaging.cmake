@@ -126,8 +126,11 @@ not install it.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME "ma-cli")
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION "utils")
+# The tool calls the stand-in's serialiser and trace controls itself (it is
+# built only where the stand-in is the platform library), so it names the
+# stand-in's package as well as the library's.
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS
-  "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}, libma-common1 (= ${_ma_deb_version})")
+  "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}, libma-common1 (= ${_ma_deb_version}), libzel-standin1 (= ${_ma_deb_version})")
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "inspection tool for libma-common
 ma-cli walks item trees (a built-in sample catalogue or a scanned
 directory), resolves paths, shows the message an item becomes and decodes

@@ -17,10 +17,6 @@ run_preset() {
   echo "=== ${preset}: configure and build"
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset" -j"$jobs"
-  if [ "$preset" = host-debug ]; then
-    echo "=== ${preset}: API reference (Doxygen warnings are errors)"
-    cmake --build --preset "$preset" --target api-reference
-  fi
   echo "=== ${preset}: test"
   ctest --preset "$preset" -j"$jobs"
 }

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""Checks that every C++ block of the user guide is a region of an example program.
+"""Checks that every C++ block of the user guide is a region of a program the tests run.
 
-Usage: check_guide_snippets.py GUIDE EXAMPLES_DIR
+Usage: check_guide_snippets.py GUIDE FOLDER...
 
 A block is introduced by a line "<!-- snippet: NAME -->" right before its
-opening fence. A region of an example file (*.cpp, *.h, *.sh, *.cmake.in,
-CMakeLists.txt under EXAMPLES_DIR) lies between the lines "// [guide:NAME]"
-and "// [guide:end]" ("#" instead of "//" in scripts). Block and region must be
+opening fence. A region of a program's file (*.cpp, *.h, *.sh, *.cmake.in,
+CMakeLists.txt under one of the FOLDERs: the guide's example programs, the
+installed-library consumer) lies between the lines "// [guide:NAME]" and
+"// [guide:end]" ("#" instead of "//" in scripts). Block and region must be
 equal after the common indentation of each is removed. Every "```cpp" block
 needs a marker; blocks of other languages (shell commands, CMake) are checked
 when they have one. Exits 1, naming each problem, when a C++ block has no
@@ -28,9 +29,12 @@ def dedent(lines):
     return textwrap.dedent("\n".join(lines)).strip("\n")
 
 
-def read_regions(folder, problems):
+def read_regions(folders, problems):
+    """Maps each region name to (file, text); a file is named from its folder on."""
     regions = {}
-    for path in sorted(p for pattern in PATTERNS for p in folder.rglob(pattern)):
+    files = sorted((path.relative_to(folder.parent), path) for folder in folders
+                   for pattern in PATTERNS for path in folder.rglob(pattern))
+    for name_of_file, path in files:
         lines = path.read_text().splitlines()
         index = 0
         while index < len(lines):
@@ -44,10 +48,10 @@ def read_regions(folder, problems):
                 body.append(lines[index])
                 index += 1
             if index == len(lines):
-                problems.append(f"{path.name}: region {name} has no end marker")
+                problems.append(f"{name_of_file}: region {name} has no end marker")
             if name in regions:
-                problems.append(f"{path.name}: region {name} is defined twice")
-            regions[name] = (path.name, dedent(body))
+                problems.append(f"{name_of_file}: region {name} is defined twice")
+            regions[name] = (name_of_file, dedent(body))
     return regions
 
 
@@ -82,9 +86,9 @@ def first_difference(expected, actual):
 
 
 def main():
-    guide, folder = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+    guide, folders = pathlib.Path(sys.argv[1]), [pathlib.Path(arg) for arg in sys.argv[2:]]
     problems = []
-    regions = read_regions(folder, problems)
+    regions = read_regions(folders, problems)
     blocks = read_blocks(guide, problems)
     shown = set()
     for name, line, text in blocks:
@@ -102,7 +106,7 @@ def main():
         print(problem)
     if problems:
         return 1
-    print(f"{len(blocks)} guide snippets match the example programs")
+    print(f"{len(blocks)} guide snippets match the programs' regions")
     return 0
 
 

@@ -1,19 +1,28 @@
-# ctest -P script: installs the build into a scratch prefix, then configures,
-# builds and runs the consumer against it.
+# ctest -P script: installs the build into a scratch root, then builds the
+# consumer against it and runs it (a cross build's under the emulator).
 #   -DBUILD_DIR=<library build> -DSOURCE_DIR=<this folder> -DWORK_DIR=<scratch>
 #   -DGENERATOR=<generator> -DLIBDIR=<CMAKE_INSTALL_LIBDIR of the build>
-#   -DMETHOD=cmake|pkg-config  how the consumer finds the library
+#   -DCXX=<the build's C++ compiler>
+#   -DMETHOD=cmake|pkg-config  how the consumer finds the library: find_package
+#                              (CMakeLists.txt) or the compiler command line of
+#                              build-with-pkg-config.sh
 # For a cross build also:
 #   -DTOOLCHAIN_FILE=<file>    the build's toolchain file
 #   -DEMULATOR=<a|b|c>         the program that runs target binaries, '|' between its words
 #   -DBOOST_HEADERS=<dir>      the architecture-independent Boost headers
 #
-# pkg-config sees the prefix's ma-common.pc alone (PKG_CONFIG_LIBDIR). The
-# consumer runs with the prefix's library folder on LD_LIBRARY_PATH (given to
-# the program itself, not to the emulator).
+# The install goes to <root>/usr. A cross build treats <root> as a device
+# SDK's root: Boost's headers are linked into <root>/usr/include, where the
+# cross compiler finds them through the install's include folder, and CMake
+# finds the package through sdk-toolchain.cmake.in, which adds <root> to the
+# find root. pkg-config sees the install's ma-common.pc alone
+# (PKG_CONFIG_LIBDIR). The consumer runs with the install's library folder on
+# LD_LIBRARY_PATH (given to the program itself, not to the emulator).
 include("${CMAKE_CURRENT_LIST_DIR}/../package/run_checked.cmake")
-set(prefix "${WORK_DIR}/prefix")
+set(SDK_ROOT "${WORK_DIR}/root")
+set(prefix "${SDK_ROOT}/usr")
 set(libdir "${prefix}/${LIBDIR}")
+set(build "${WORK_DIR}/build")
 file(REMOVE_RECURSE "${WORK_DIR}")
 
 function(run what)
@@ -22,35 +31,32 @@ function(run what)
 endfunction()
 
 run("installing" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
-
-set(configure ${CMAKE_COMMAND} -S "${SOURCE_DIR}" -B "${WORK_DIR}/build" -G "${GENERATOR}"
-  "-DCONSUMER_FINDS_LIBRARY_WITH=${METHOD}")
 if(TOOLCHAIN_FILE)
-  list(APPEND configure "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN_FILE}")
+  file(CREATE_LINK "${BOOST_HEADERS}" "${prefix}/include/boost" SYMBOLIC)
 endif()
+
 if(METHOD STREQUAL "pkg-config")
-  set(configure ${CMAKE_COMMAND} -E env "PKG_CONFIG_LIBDIR=${libdir}/pkgconfig"
-    --unset=PKG_CONFIG_PATH ${configure})
+  file(MAKE_DIRECTORY "${build}")
+  run("building the consumer with pkg-config" ${CMAKE_COMMAND} -E env
+    "CXX=${CXX}" "PKG_CONFIG_LIBDIR=${libdir}/pkgconfig" --unset=PKG_CONFIG_PATH
+    "${SOURCE_DIR}/build-with-pkg-config.sh" "${build}")
 else()
-  # The toolchain file confines searches to the target's sysroot, so the
-  # package is named by its folder; Boost's headers, which the target's
-  # sysroot lacks, are shown alone (as the library's own build does).
-  list(APPEND configure "-Dma-common_DIR=${libdir}/cmake/ma-common")
-  if(BOOST_HEADERS)
-    set(boost_only "${WORK_DIR}/boost-only-include")
-    file(MAKE_DIRECTORY "${boost_only}")
-    file(CREATE_LINK "${BOOST_HEADERS}" "${boost_only}/boost" SYMBOLIC)
-    list(APPEND configure "-DBoost_INCLUDE_DIR=${boost_only}")
+  if(TOOLCHAIN_FILE)
+    configure_file("${SOURCE_DIR}/sdk-toolchain.cmake.in" "${WORK_DIR}/sdk-toolchain.cmake" @ONLY)
+    set(find_option "-DCMAKE_TOOLCHAIN_FILE=${WORK_DIR}/sdk-toolchain.cmake")
+  else()
+    set(find_option "-DCMAKE_PREFIX_PATH=${prefix}")
   endif()
+  run("configuring the consumer" ${CMAKE_COMMAND} -S "${SOURCE_DIR}" -B "${build}"
+    -G "${GENERATOR}" "${find_option}")
+  run("building the consumer" ${CMAKE_COMMAND} --build "${build}")
 endif()
-run("configuring the consumer (${METHOD})" ${configure})
-run("building the consumer" ${CMAKE_COMMAND} --build "${WORK_DIR}/build")
 
 if(EMULATOR)
   string(REPLACE "|" ";" emulator "${EMULATOR}")
-  set(command ${emulator} -E "LD_LIBRARY_PATH=${libdir}" "${WORK_DIR}/build/consumer")
+  set(command ${emulator} -E "LD_LIBRARY_PATH=${libdir}" "${build}/consumer")
 else()
-  set(command ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${libdir}" "${WORK_DIR}/build/consumer")
+  set(command ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${libdir}" "${build}/consumer")
 endif()
 run_checked("running the consumer" output ${command})
 message(STATUS "running the consumer: ${output}")

@@ -9,6 +9,7 @@ packages=(
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
+  libprotobuf-dev protobuf-compiler python3-matplotlib  # benchmarks: protobuf peer, plot
 )
 
 missing=()

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <utility>
 
+#include <boost/make_shared.hpp>
+
 #include "ma/mdc_vfs_criteria.h"
 #include "ma/mdc_vfs_user_data_dr.h"
 #include "ma_internal/trace.h"
@@ -229,29 +231,38 @@ template class TemplateSyncFunctor<boost::shared_ptr<VfsEntry> >;
 
 namespace {
 
-// One synchronous call in progress: the rendezvous and the callback that
-// fills it. The caller hands copies of callback() to the asynchronous
-// operation, then wait()s.
+// One synchronous call in progress: the rendezvous, from which callback()
+// makes the function object the asynchronous operation is handed; then
+// wait().
+//
+// Kept lean, since every browsing step makes one: the rendezvous and its
+// shared owner's count live in one allocation, and the function object is
+// built right in the operation's by-value parameter (no copy of it is made
+// and dropped on the way).
 template <typename T>
 class SyncCall {
  public:
-  SyncCall()
-      : m_data(new TemplateSyncFunctorData<T>()), m_callback(TemplateSyncFunctor<T>(m_data)) {}
+  SyncCall() : m_data(boost::make_shared<TemplateSyncFunctorData<T> >()) {}
 
-  boost::function<void(T)> const& callback() const { return m_callback; }
+  // A callback that fills this call's rendezvous.
+  boost::function<void(T)> callback() const {
+    return boost::function<void(T)>(TemplateSyncFunctor<T>(m_data));
+  }
 
   void* semaphore() const { return &m_data->semaphore; }
 
   // Waits once for the delivery and answers the value as it then stands.
   // An early return of the wait (a signal) is deliberately not retried.
+  // The value is copied out, or moved out when no copy of the callback
+  // (kept by the implementation) can see the rendezvous any more.
   T wait() {
     sem_wait(&m_data->semaphore);
+    if (m_data.use_count() == 1) return std::move(m_data->value);
     return m_data->value;
   }
 
  private:
   boost::shared_ptr<TemplateSyncFunctorData<T> > m_data;
-  boost::function<void(T)> m_callback;
 };
 
 }  // namespace

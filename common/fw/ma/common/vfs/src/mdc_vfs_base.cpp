@@ -120,7 +120,7 @@ boost::shared_ptr<VfsEntry> VfsEntry::resolvePath(std::string path) {
   boost::shared_ptr<VfsEntry> result;
   std::string resultPath;
   boost::shared_ptr<VfsEntry> parent;
-  if (resolvePath(result, resultPath, parent, path, std::string()) < 0) result.reset();
+  if (resolvePath(result, resultPath, parent, std::move(path), std::string()) < 0) result.reset();
   return result;
 }
 
@@ -134,32 +134,43 @@ int VfsEntry::resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resu
     parent.reset();
     return 0;
   }
-  std::string remaining = path;
+  // The remaining path is `path` itself until the first step leaves a rest;
+  // the steps take it by value, so it is not copied here.
+  std::string const* remaining = &path;
+  std::string rest;          // a step's rest; becomes the remaining path
+  std::string restPath;      // the remaining path after the first step
   std::string resolvedPath;  // what the steps append, shared by the whole walk
   std::string parentPath;    // resolvedPath as it stood when `current` was reached
+  if (path.size() >= 16) {   // past the short-string buffer: grow once, not per step
+    resolvedPath.reserve(2 * path.size());
+    parentPath.reserve(2 * path.size());
+  }
+  boost::shared_ptr<VfsEntry> previous;  // whose step reached `current`; empty at the start
   for (;;) {
     MA_TRACE_AT(kVfsCalls, 240, __func__, "Resolving path part \"%s\" childTotal = \"%s\"... \n",
-                remaining.c_str(), resolvedPath.c_str());
+                remaining->c_str(), resolvedPath.c_str());
     // Fresh outputs for every step, so that a step which leaves them alone
     // fails (no child) or ends the walk (no rest) instead of looping.
     boost::shared_ptr<VfsEntry> child;
-    std::string rest;
-    const int status = current->resolvePathPart(child, rest, resolvedPath, remaining, query);
+    rest.clear();
+    const int status = current->resolvePathPart(child, rest, resolvedPath, *remaining, query);
     if (status < 0 || !child) {
       MA_TRACE_AT(kVfsFailures, 246, __func__,
                   "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
-                  remaining.c_str(), status);
+                  remaining->c_str(), status);
+      if (previous) parent = std::move(previous);  // else the caller's value stays
       return kPathNotResolved;
     }
     if (rest.empty()) {
-      result = child;
+      result = std::move(child);
       resultPath = parentPath;
-      parent = current;
+      parent = std::move(current);
       return 0;
     }
-    parent = current;
-    current = child;
-    remaining = rest;
+    previous = std::move(current);
+    current = std::move(child);
+    restPath.swap(rest);
+    remaining = &restPath;
     parentPath = resolvedPath;
   }
 }

@@ -5,8 +5,10 @@
 #include <errno.h>
 
 #include <algorithm>
+#include <cctype>
 #include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -59,8 +61,21 @@ boost::shared_ptr<VfsEntry> childOrEmpty(VfsFixedFolder::Children const& childre
 // where long is wider, a value outside the 32-bit range is reported the way
 // the target's strtol reports it (the nearest limit, errno ERANGE), so that
 // paths resolve alike everywhere. errno is left as it was otherwise.
+//
+// An index of one to nine plain digits (as child paths carry them) is read
+// here directly: it cannot overflow, and the value, the end
+// and the untouched errno are those strtol gives. Anything else (blanks,
+// signs, longer numbers) goes to strtol.
 long parseIndex(char const* text, char** end) {
-  long value = std::strtol(text, end, 10);
+  constexpr int kSafeDigits = 9;
+  long value = 0;
+  char const* at = text;
+  while (at - text < kSafeDigits && *at >= '0' && *at <= '9') value = value * 10 + (*at++ - '0');
+  if (at != text && !(*at >= '0' && *at <= '9')) {
+    *end = const_cast<char*>(at);
+    return value;
+  }
+  value = std::strtol(text, end, 10);
 #if LONG_MAX > INT_MAX
   if (value > INT_MAX || value < INT_MIN) {
     value = value > INT_MAX ? INT_MAX : INT_MIN;
@@ -302,45 +317,63 @@ int VfsFixedFolder::addEntry(boost::shared_ptr<VfsEntry> entry) {
 
 int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest,
                                     std::string& partInfo, std::string path, std::string query) {
-  const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
-  if (understood >= 0) return understood;
+  // The base step understands the empty part and queries (parts that begin
+  // with a letter); it declines anything else without looking further, so
+  // it is asked only about those (which spares it copies of both texts).
+  if (path.empty() || std::isalpha(static_cast<unsigned char>(path[0]))) {
+    const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
+    if (understood >= 0) return understood;
+  }
   rest.clear();
   child.reset();
-  // An empty part never gets here: the base step names this folder for it.
-  if (path[0] == '$') path.erase(0, 1);
-  const std::string::size_type separator = path.find('$');
-  const std::string index = path.substr(0, separator);
-  if (index.empty()) {
-    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", path.c_str());
+  // The part is read in place, without copies: `part` is the text after a
+  // leading "$" (all messages show that text), `separator` the next "$"
+  // or the end. An empty part never gets here: the base step names this
+  // folder for it.
+  char const* const part = path.c_str() + (path[0] == '$' ? 1 : 0);
+  char const* const partEnd = path.c_str() + path.size();
+  char const* separator =
+      static_cast<char const*>(std::memchr(part, '$', static_cast<std::size_t>(partEnd - part)));
+  if (separator == nullptr) separator = partEnd;
+  if (separator == part) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", part);
     return kPathNotResolved;
   }
-  // errno is deliberately not cleared first: an ERANGE left over from
-  // earlier makes an index at a 32-bit limit fail as unparsable.
+  // The index text ends at `separator`, where any number ends as well, so
+  // the number is read from `part` itself. errno is deliberately not
+  // cleared first: an ERANGE left over from earlier makes an index at a
+  // 32-bit limit fail as unparsable.
   char* end = nullptr;
-  const long position = parseIndex(index.c_str(), &end);
+  const long position = parseIndex(part, &end);
   if (errno == ERANGE && (position == INT_MAX || position == INT_MIN)) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #1.\n",
-                path.c_str());
+                part);
     return kPathNotResolved;
   }
-  if (end == index.c_str()) {
+  if (end == part) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #2.\n",
-                path.c_str());
+                part);
     return kPathNotResolved;
   }
   partInfo += '$';
-  partInfo.append(index, 0, static_cast<std::size_t>(end - index.c_str()));  // blanks, sign too
+  partInfo.append(part, static_cast<std::size_t>(end - part));  // blanks, sign too
   if (position < 0 || position >= static_cast<long>(m_children.size())) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
                 "Path: \"%s\" with path part \"%s\" specifies child that is out of range.\n",
-                path.c_str(), index.c_str());
+                part, std::string(part, separator).c_str());
     return kPathNotResolved;
   }
-  // Checked again as it is fetched: only a concurrent removal can fail it.
-  const int fetched = vfs_internal::fetchIndexedChild(
-      m_children, static_cast<std::size_t>(position), path, index, child);
-  if (fetched != 0) return fetched;
-  rest = separator == std::string::npos ? std::string() : path.substr(separator + 1);
+  if (static_cast<std::size_t>(position) < m_children.size()) {
+    child = m_children[static_cast<std::size_t>(position)];
+  } else {
+    // The list shrank since the check above (a concurrent removal): the
+    // range-checked fetch reports it.
+    const int fetched = vfs_internal::fetchIndexedChild(
+        m_children, static_cast<std::size_t>(position), std::string(part),
+        std::string(part, separator), child);
+    if (fetched != 0) return fetched;
+  }
+  if (separator != partEnd) rest.assign(separator + 1, partEnd);
   return 0;
 }
 

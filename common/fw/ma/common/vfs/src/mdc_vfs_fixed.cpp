@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -105,11 +106,10 @@ SortOrder sortOrderFor(std::string const& criteria) {
   return SortOrder::kDateDescending;
 }
 
-// A child's sort key, taken from its item once, and its list position.
-struct SortKey {
-  std::string const* caption;  // owned by the item, kept alive by the caller
+// A child's caption key, taken from its item once, and its list position.
+struct CaptionKey {
   unsigned long long head;     // captionHead(*caption)
-  long long date;
+  std::string const* caption;  // owned by the item, kept alive by the caller
   std::size_t position;
 };
 
@@ -126,9 +126,52 @@ unsigned long long captionHead(std::string const& caption) {
 }
 
 // -1, 0 or 1 as `a`'s caption sorts before, with or after `b`'s.
-int compareCaptions(SortKey const& a, SortKey const& b) {
+int compareCaptions(CaptionKey const& a, CaptionKey const& b) {
   if (a.head != b.head) return a.head < b.head ? -1 : 1;
   return a.caption->compare(*b.caption);
+}
+
+// A child's date key and its list position. The key is the date turned
+// into an unsigned number that orders newest first: the sign bit flipped
+// (so signed order becomes unsigned order), then every bit inverted.
+struct DateKey {
+  std::uint64_t key;
+  std::size_t position;
+};
+
+std::uint64_t newestFirstKey(long long date) {
+  return ~(static_cast<std::uint64_t>(date) ^ (std::uint64_t{1} << 63));
+}
+
+// Sorts `keys` by ascending key, equal keys in their present order: a
+// least-significant-digit radix sort, one byte per pass, that skips the
+// bytes in which all keys agree (dates share their high bytes). Below
+// kRadixMinimum keys a comparison sort is faster and gives the same order.
+void sortDateKeys(std::vector<DateKey>& keys) {
+  constexpr std::size_t kRadixMinimum = 256;
+  if (keys.size() < kRadixMinimum) {
+    std::sort(keys.begin(), keys.end(), [](DateKey const& a, DateKey const& b) {
+      return a.key != b.key ? a.key < b.key : a.position < b.position;
+    });
+    return;
+  }
+  std::size_t counts[8][256] = {};
+  for (DateKey const& key : keys) {
+    for (int byte = 0; byte < 8; ++byte) ++counts[byte][(key.key >> (8 * byte)) & 0xFF];
+  }
+  std::vector<DateKey> scratch(keys.size());
+  for (int byte = 0; byte < 8; ++byte) {
+    std::size_t* count = counts[byte];
+    if (count[(keys[0].key >> (8 * byte)) & 0xFF] == keys.size()) continue;  // all agree
+    std::size_t offset = 0;
+    for (std::size_t& bucket : counts[byte]) {
+      const std::size_t size = bucket;
+      bucket = offset;
+      offset += size;
+    }
+    for (DateKey const& key : keys) scratch[count[(key.key >> (8 * byte)) & 0xFF]++] = key;
+    keys.swap(scratch);
+  }
 }
 
 // `children` sorted in `order` by the keys that the comparators
@@ -140,41 +183,48 @@ int compareCaptions(SortKey const& a, SortKey const& b) {
 // placed last, in list order (their place is otherwise unspecified); the
 // others are sorted with ties broken by list position, a strict total order
 // that is also stable. Each item is asked for its key once, not once per
-// comparison, and captions mostly compare by their first bytes alone.
+// comparison; captions mostly compare by their first bytes alone, dates
+// are radix-sorted (stable, so ties keep list order as well).
 VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children,
                                         SortOrder order) {
-  std::vector<ItemPtr> items(children.size());  // keep the keys alive
-  std::vector<SortKey> keyed;
   std::vector<std::size_t> keyless;
-  keyed.reserve(children.size());
-  for (std::size_t i = 0; i < children.size(); ++i) {
-    if (children[i]) items[i] = children[i]->getItemInfo();
-    if (!items[i]) {
-      keyless.push_back(i);
-    } else if (order == SortOrder::kDateDescending) {
-      keyed.push_back({nullptr, 0, items[i]->getDateNumeric(), i});
-    } else {
-      std::string const& caption = items[i]->getCaption();
-      keyed.push_back({&caption, captionHead(caption), 0, i});
-    }
-  }
-
+  VfsFixedFolder::Children sorted;
+  sorted.reserve(children.size());
   if (order == SortOrder::kDateDescending) {
-    std::sort(keyed.begin(), keyed.end(), [](SortKey const& a, SortKey const& b) {
-      return a.date != b.date ? a.date > b.date : a.position < b.position;
-    });
+    std::vector<DateKey> keys;
+    keys.reserve(children.size());
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      ItemPtr item;
+      if (children[i]) item = children[i]->getItemInfo();
+      if (item) {
+        keys.push_back({newestFirstKey(item->getDateNumeric()), i});
+      } else {
+        keyless.push_back(i);
+      }
+    }
+    sortDateKeys(keys);
+    for (DateKey const& key : keys) sorted.push_back(children[key.position]);
   } else {
+    std::vector<ItemPtr> items(children.size());  // keep the captions alive
+    std::vector<CaptionKey> keys;
+    keys.reserve(children.size());
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      if (children[i]) items[i] = children[i]->getItemInfo();
+      if (items[i]) {
+        std::string const& caption = items[i]->getCaption();
+        keys.push_back({captionHead(caption), &caption, i});
+      } else {
+        keyless.push_back(i);
+      }
+    }
     const bool descending = order == SortOrder::kCaptionDescending;
-    std::sort(keyed.begin(), keyed.end(), [descending](SortKey const& a, SortKey const& b) {
+    std::sort(keys.begin(), keys.end(), [descending](CaptionKey const& a, CaptionKey const& b) {
       const int byCaption = compareCaptions(a, b);
       if (byCaption == 0) return a.position < b.position;
       return descending ? byCaption > 0 : byCaption < 0;
     });
+    for (CaptionKey const& key : keys) sorted.push_back(children[key.position]);
   }
-
-  VfsFixedFolder::Children sorted;
-  sorted.reserve(children.size());
-  for (SortKey const& key : keyed) sorted.push_back(children[key.position]);
   for (std::size_t position : keyless) sorted.push_back(children[position]);
   return sorted;
 }

@@ -7,6 +7,7 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
 #include <climits>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -371,6 +372,31 @@ TEST(VfsSortingTest, RandomFoldersWithUnkeyedChildrenAndEqualKeysSortSafely) {
       }
     }
   }
+}
+
+// Large folders sort by date through a radix sort of the 64-bit dates: dates
+// over the whole signed range, the extremes and many equal ones included,
+// must come out newest first with equal dates in list order.
+TEST(VfsSortingTest, LargeFoldersSortDatesOverTheWholeRangeNewestFirstStably) {
+  std::mt19937_64 random(7);
+  const long long kExtremes[] = {std::numeric_limits<long long>::min(), -1, 0, 1,
+                                 std::numeric_limits<long long>::max()};
+  FolderPtr folder = makeFolder();
+  std::vector<EntryPtr> children;
+  for (int i = 0; i < 2000; ++i) {
+    const long long date = i % 7 == 0 ? kExtremes[random() % 5]
+                           : i % 3 == 0 ? static_cast<long long>(random() % 50) * 1000003LL
+                                        : static_cast<long long>(random());
+    children.push_back(makeLeaf("c" + std::to_string(i), "", date));
+    folder->addEntry(children.back());
+  }
+  IteratorPtr iterator = folder->getSortedIterator("");
+  std::vector<EntryPtr> sorted;
+  for (EntryPtr child = iterator->getCurrentChild(); child; child = iterator->getCurrentChild()) {
+    sorted.push_back(child);
+    iterator->advance();
+  }
+  EXPECT_TRUE(sorted == referenceSort(children, &ma::VfsFixedFolder::compareDateDec));
 }
 
 }  // namespace

@@ -106,9 +106,43 @@ SortOrder sortOrderFor(std::string const& criteria) {
   return SortOrder::kDateDescending;
 }
 
+// Below these many keys a comparison sort takes fewer instructions than the
+// radix sort (measured by bench/sort_bench): dates skip most bytes of their
+// key, caption heads use all eight.
+constexpr std::size_t kDateRadixMinimum = 256;
+constexpr std::size_t kCaptionRadixMinimum = 16384;
+
+// Sorts `keys` by their unsigned 64-bit `key` member, equal keys in their
+// present order: a least-significant-digit radix sort, one byte per pass,
+// that skips the bytes in which all keys agree (dates share their high
+// bytes). REQUIRES: at least one key.
+template <typename Key>
+void radixSortByKey(std::vector<Key>& keys) {
+  std::size_t counts[8][256] = {};
+  for (Key const& key : keys) {
+    for (int byte = 0; byte < 8; ++byte) ++counts[byte][(key.key >> (8 * byte)) & 0xFF];
+  }
+  std::vector<Key> scratch(keys.size());
+  for (int byte = 0; byte < 8; ++byte) {
+    std::size_t* count = counts[byte];
+    if (count[(keys[0].key >> (8 * byte)) & 0xFF] == keys.size()) continue;  // all agree
+    std::size_t offset = 0;
+    for (std::size_t& bucket : counts[byte]) {
+      const std::size_t size = bucket;
+      bucket = offset;
+      offset += size;
+    }
+    for (Key const& key : keys) scratch[count[(key.key >> (8 * byte)) & 0xFF]++] = key;
+    keys.swap(scratch);
+  }
+}
+
 // A child's caption key, taken from its item once, and its list position.
+// `key` is the caption's head (its first eight bytes), inverted for the
+// descending order, so that ascending keys give the order wanted wherever
+// heads differ.
 struct CaptionKey {
-  unsigned long long head;     // captionHead(*caption)
+  std::uint64_t key;
   std::string const* caption;  // owned by the item, kept alive by the caller
   std::size_t position;
 };
@@ -116,8 +150,8 @@ struct CaptionKey {
 // The first eight bytes of `caption` as a big-endian number, padded with
 // zero bytes. Where two heads differ, they order the captions as the byte-wise
 // comparison does; equal heads leave the decision to the whole captions.
-unsigned long long captionHead(std::string const& caption) {
-  unsigned long long head = 0;
+std::uint64_t captionHead(std::string const& caption) {
+  std::uint64_t head = 0;
   for (std::size_t i = 0; i < 8; ++i) {
     const unsigned char byte = i < caption.size() ? static_cast<unsigned char>(caption[i]) : 0;
     head = head << 8 | byte;
@@ -125,10 +159,29 @@ unsigned long long captionHead(std::string const& caption) {
   return head;
 }
 
-// -1, 0 or 1 as `a`'s caption sorts before, with or after `b`'s.
-int compareCaptions(CaptionKey const& a, CaptionKey const& b) {
-  if (a.head != b.head) return a.head < b.head ? -1 : 1;
-  return a.caption->compare(*b.caption);
+// Sorts caption keys: by caption (byte-wise, ascending or `descending`),
+// equal captions by list position. A radix sort orders the heads (stable,
+// so positions stay ascending among equal heads); each run of equal heads
+// is then ordered by the whole captions. Small lists go to a comparison
+// sort with the same order.
+void sortCaptionKeys(std::vector<CaptionKey>& keys, bool descending) {
+  auto before = [descending](CaptionKey const& a, CaptionKey const& b) {
+    if (a.key != b.key) return a.key < b.key;
+    const int byCaption = a.caption->compare(*b.caption);
+    if (byCaption == 0) return a.position < b.position;
+    return descending ? byCaption > 0 : byCaption < 0;
+  };
+  if (keys.size() < kCaptionRadixMinimum) {
+    std::sort(keys.begin(), keys.end(), before);
+    return;
+  }
+  radixSortByKey(keys);
+  for (auto run = keys.begin(); run != keys.end();) {
+    auto runEnd = run + 1;
+    while (runEnd != keys.end() && runEnd->key == run->key) ++runEnd;
+    if (runEnd - run > 1) std::sort(run, runEnd, before);
+    run = runEnd;
+  }
 }
 
 // A child's date key and its list position. The key is the date turned
@@ -143,35 +196,15 @@ std::uint64_t newestFirstKey(long long date) {
   return ~(static_cast<std::uint64_t>(date) ^ (std::uint64_t{1} << 63));
 }
 
-// Sorts `keys` by ascending key, equal keys in their present order: a
-// least-significant-digit radix sort, one byte per pass, that skips the
-// bytes in which all keys agree (dates share their high bytes). Below
-// kRadixMinimum keys a comparison sort is faster and gives the same order.
+// Sorts `keys` by ascending key, equal keys in their present order.
 void sortDateKeys(std::vector<DateKey>& keys) {
-  constexpr std::size_t kRadixMinimum = 256;
-  if (keys.size() < kRadixMinimum) {
+  if (keys.size() < kDateRadixMinimum) {
     std::sort(keys.begin(), keys.end(), [](DateKey const& a, DateKey const& b) {
       return a.key != b.key ? a.key < b.key : a.position < b.position;
     });
     return;
   }
-  std::size_t counts[8][256] = {};
-  for (DateKey const& key : keys) {
-    for (int byte = 0; byte < 8; ++byte) ++counts[byte][(key.key >> (8 * byte)) & 0xFF];
-  }
-  std::vector<DateKey> scratch(keys.size());
-  for (int byte = 0; byte < 8; ++byte) {
-    std::size_t* count = counts[byte];
-    if (count[(keys[0].key >> (8 * byte)) & 0xFF] == keys.size()) continue;  // all agree
-    std::size_t offset = 0;
-    for (std::size_t& bucket : counts[byte]) {
-      const std::size_t size = bucket;
-      bucket = offset;
-      offset += size;
-    }
-    for (DateKey const& key : keys) scratch[count[(key.key >> (8 * byte)) & 0xFF]++] = key;
-    keys.swap(scratch);
-  }
+  radixSortByKey(keys);
 }
 
 // `children` sorted in `order` by the keys that the comparators
@@ -183,8 +216,8 @@ void sortDateKeys(std::vector<DateKey>& keys) {
 // placed last, in list order (their place is otherwise unspecified); the
 // others are sorted with ties broken by list position, a strict total order
 // that is also stable. Each item is asked for its key once, not once per
-// comparison; captions mostly compare by their first bytes alone, dates
-// are radix-sorted (stable, so ties keep list order as well).
+// comparison. Both orders radix-sort a 64-bit key (the date, the caption's
+// first bytes), which is stable, so ties keep list order as well.
 VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children,
                                         SortOrder order) {
   std::vector<std::size_t> keyless;
@@ -205,6 +238,7 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
     sortDateKeys(keys);
     for (DateKey const& key : keys) sorted.push_back(children[key.position]);
   } else {
+    const bool descending = order == SortOrder::kCaptionDescending;
     std::vector<ItemPtr> items(children.size());  // keep the captions alive
     std::vector<CaptionKey> keys;
     keys.reserve(children.size());
@@ -212,17 +246,13 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
       if (children[i]) items[i] = children[i]->getItemInfo();
       if (items[i]) {
         std::string const& caption = items[i]->getCaption();
-        keys.push_back({captionHead(caption), &caption, i});
+        const std::uint64_t head = captionHead(caption);
+        keys.push_back({descending ? ~head : head, &caption, i});
       } else {
         keyless.push_back(i);
       }
     }
-    const bool descending = order == SortOrder::kCaptionDescending;
-    std::sort(keys.begin(), keys.end(), [descending](CaptionKey const& a, CaptionKey const& b) {
-      const int byCaption = compareCaptions(a, b);
-      if (byCaption == 0) return a.position < b.position;
-      return descending ? byCaption > 0 : byCaption < 0;
-    });
+    sortCaptionKeys(keys, descending);
     for (CaptionKey const& key : keys) sorted.push_back(children[key.position]);
   }
   for (std::size_t position : keyless) sorted.push_back(children[position]);

@@ -399,4 +399,38 @@ TEST(VfsSortingTest, LargeFoldersSortDatesOverTheWholeRangeNewestFirstStably) {
   EXPECT_TRUE(sorted == referenceSort(children, &ma::VfsFixedFolder::compareDateDec));
 }
 
+// Large folders (here 20,000 children) sort captions by a radix sort of their
+// first eight bytes and then by the whole captions where those agree:
+// captions with long common beginnings, prefixes of each other, zero and high
+// bytes and duplicates must come out in byte order both ways, equal captions
+// in list order.
+TEST(VfsSortingTest, LargeFoldersSortCaptionsWithCommonBeginningsByTheirWholeText) {
+  std::mt19937 random(11);
+  const std::string kBeginnings[] = {"", "Tagesschau ", "Tagessch", std::string("ab\0", 3),
+                                     "\xff\xfe", "a"};
+  FolderPtr folder = makeFolder();
+  std::vector<EntryPtr> children;
+  for (int i = 0; i < 20000; ++i) {
+    std::string caption = kBeginnings[random() % 6];
+    const std::size_t tail = random() % 4;
+    for (std::size_t c = 0; c < tail; ++c) caption += static_cast<char>("a\0Zz\x80"[random() % 5]);
+    children.push_back(makeLeaf(caption, "", 0));
+    folder->addEntry(children.back());
+  }
+  const struct {
+    const char* criteria;
+    Comparator before;
+  } kOrders[] = {{"+dc:title", &ma::VfsFixedFolder::compareCaptionInc},
+                 {"-dc:title", &ma::VfsFixedFolder::compareCaptionDec}};
+  for (const auto& order : kOrders) {
+    IteratorPtr iterator = folder->getSortedIterator(order.criteria);
+    std::vector<EntryPtr> sorted;
+    for (EntryPtr child = iterator->getCurrentChild(); child; child = iterator->getCurrentChild()) {
+      sorted.push_back(child);
+      iterator->advance();
+    }
+    EXPECT_TRUE(sorted == referenceSort(children, order.before)) << order.criteria;
+  }
+}
+
 }  // namespace

@@ -137,13 +137,14 @@ void radixSortByKey(std::vector<Key>& keys) {
   }
 }
 
-// A child's caption key, taken from its item once, and its list position.
-// `key` is the caption's head (its first eight bytes), inverted for the
-// descending order, so that ascending keys give the order wanted wherever
-// heads differ.
-struct CaptionKey {
+// A child's sort key, taken from its item once, and its list position.
+// Ascending keys give the order wanted: for dates the date mapped to an
+// unsigned number that orders newest first (newestFirstKey()), for captions
+// the caption's first eight bytes (captionHead(), inverted for the
+// descending order), where ties on the head are decided by the captions.
+// Sixteen bytes, so that the sorts move little.
+struct SortKey {
   std::uint64_t key;
-  std::string const* caption;  // owned by the item, kept alive by the caller
   std::size_t position;
 };
 
@@ -160,46 +161,51 @@ std::uint64_t captionHead(std::string const& caption) {
 }
 
 // Sorts caption keys: by caption (byte-wise, ascending or `descending`),
-// equal captions by list position. A radix sort orders the heads (stable,
-// so positions stay ascending among equal heads); each run of equal heads
-// is then ordered by the whole captions. Small lists go to a comparison
-// sort with the same order.
-void sortCaptionKeys(std::vector<CaptionKey>& keys, bool descending) {
-  auto before = [descending](CaptionKey const& a, CaptionKey const& b) {
-    if (a.key != b.key) return a.key < b.key;
-    const int byCaption = a.caption->compare(*b.caption);
-    if (byCaption == 0) return a.position < b.position;
-    return descending ? byCaption > 0 : byCaption < 0;
+// equal captions by list position; items[position] holds each caption. A
+// radix sort orders the heads (stable, so positions stay ascending among
+// equal heads); each run of equal heads is then ordered stably by the whole
+// captions. Smaller lists go to a comparison sort with the same order.
+void sortCaptionKeys(std::vector<SortKey>& keys, std::vector<ItemPtr> const& items,
+                     bool descending) {
+  // Below, above or equal to 0 as `a`'s caption sorts before, after or with
+  // `b`'s in the order wanted.
+  auto byCaption = [&items, descending](SortKey const& a, SortKey const& b) {
+    const int order = items[a.position]->getCaption().compare(items[b.position]->getCaption());
+    return descending ? -order : order;
   };
   if (keys.size() < kCaptionRadixMinimum) {
-    std::sort(keys.begin(), keys.end(), before);
+    std::sort(keys.begin(), keys.end(), [&byCaption](SortKey const& a, SortKey const& b) {
+      if (a.key != b.key) return a.key < b.key;
+      const int order = byCaption(a, b);
+      return order != 0 ? order < 0 : a.position < b.position;
+    });
     return;
   }
   radixSortByKey(keys);
+  // Within a run positions ascend already: a stable sort keeps them so for
+  // equal captions.
   for (auto run = keys.begin(); run != keys.end();) {
     auto runEnd = run + 1;
     while (runEnd != keys.end() && runEnd->key == run->key) ++runEnd;
-    if (runEnd - run > 1) std::sort(run, runEnd, before);
+    if (runEnd - run > 1) {
+      std::stable_sort(run, runEnd, [&byCaption](SortKey const& a, SortKey const& b) {
+        return byCaption(a, b) < 0;
+      });
+    }
     run = runEnd;
   }
 }
 
-// A child's date key and its list position. The key is the date turned
-// into an unsigned number that orders newest first: the sign bit flipped
-// (so signed order becomes unsigned order), then every bit inverted.
-struct DateKey {
-  std::uint64_t key;
-  std::size_t position;
-};
-
+// The date as an unsigned number that orders newest first: the sign bit
+// flipped (so signed order becomes unsigned order), then every bit inverted.
 std::uint64_t newestFirstKey(long long date) {
   return ~(static_cast<std::uint64_t>(date) ^ (std::uint64_t{1} << 63));
 }
 
 // Sorts `keys` by ascending key, equal keys in their present order.
-void sortDateKeys(std::vector<DateKey>& keys) {
+void sortDateKeys(std::vector<SortKey>& keys) {
   if (keys.size() < kDateRadixMinimum) {
-    std::sort(keys.begin(), keys.end(), [](DateKey const& a, DateKey const& b) {
+    std::sort(keys.begin(), keys.end(), [](SortKey const& a, SortKey const& b) {
       return a.key != b.key ? a.key < b.key : a.position < b.position;
     });
     return;
@@ -224,7 +230,7 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
   VfsFixedFolder::Children sorted;
   sorted.reserve(children.size());
   if (order == SortOrder::kDateDescending) {
-    std::vector<DateKey> keys;
+    std::vector<SortKey> keys;
     keys.reserve(children.size());
     for (std::size_t i = 0; i < children.size(); ++i) {
       ItemPtr item;
@@ -236,24 +242,23 @@ VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children
       }
     }
     sortDateKeys(keys);
-    for (DateKey const& key : keys) sorted.push_back(children[key.position]);
+    for (SortKey const& key : keys) sorted.push_back(children[key.position]);
   } else {
     const bool descending = order == SortOrder::kCaptionDescending;
     std::vector<ItemPtr> items(children.size());  // keep the captions alive
-    std::vector<CaptionKey> keys;
+    std::vector<SortKey> keys;
     keys.reserve(children.size());
     for (std::size_t i = 0; i < children.size(); ++i) {
       if (children[i]) items[i] = children[i]->getItemInfo();
       if (items[i]) {
-        std::string const& caption = items[i]->getCaption();
-        const std::uint64_t head = captionHead(caption);
-        keys.push_back({descending ? ~head : head, &caption, i});
+        const std::uint64_t head = captionHead(items[i]->getCaption());
+        keys.push_back({descending ? ~head : head, i});
       } else {
         keyless.push_back(i);
       }
     }
-    sortCaptionKeys(keys, descending);
-    for (CaptionKey const& key : keys) sorted.push_back(children[key.position]);
+    sortCaptionKeys(keys, items, descending);
+    for (SortKey const& key : keys) sorted.push_back(children[key.position]);
   }
   for (std::size_t position : keyless) sorted.push_back(children[position]);
   return sorted;

@@ -13,7 +13,7 @@
 #                                    scripts/test.sh; measures nothing)
 #   BENCH_MIN_TIME=0.05 scripts/bench.sh   shorter time runs
 #   BENCH_SKIP_ARM=1 scripts/bench.sh      without the ARM build
-#   BENCH_BASELINE=<folder> scripts/bench.sh
+#   BENCH_BASELINE=<folder> BENCH_BASELINE_NAME=<what it was> scripts/bench.sh
 #                                    adds the instructions of an earlier run
 #                                    (its build/bench-results copied aside)
 set -euo pipefail

@@ -13,6 +13,7 @@ packages=(
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
   dpkg-dev                                    # Debian packages: dpkg-architecture
   abigail-tools                               # ABI baseline: abidw, abidiff
+  libprotobuf-dev protobuf-compiler python3-matplotlib  # benchmarks: protobuf peer, plot
 )
 
 missing=()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs the whole test suite: on the host (debug, ASan+UBSan, TSan,
-# valgrind) and on the ARM target under qemu-arm.
+# valgrind) and on the ARM target under qemu-arm; then builds the benchmarks
+# and runs each once at a tiny size (bench-smoke), so that they cannot rot.
 #
 #   scripts/test.sh               every configuration
 #   scripts/test.sh arm host-asan only the named presets
@@ -9,7 +10,7 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh
 
 presets=("$@")
-[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind)
+[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind bench-smoke)
 jobs=$(nproc)
 
 run_preset() {
@@ -24,6 +25,7 @@ run_preset() {
 for preset in "${presets[@]}"; do
   case "$preset" in
     valgrind) scripts/valgrind.sh ;;
+    bench-smoke) scripts/bench.sh --smoke ;;
     *) run_preset "$preset" ;;
   esac
 done

@@ -1,47 +1,67 @@
 // Stand-in of the receiver's debug trace: a threshold per module, lines to
 // stderr, and a capture that tests read back.
+//
+// The level check runs before every trace line the library might write, so
+// it takes no lock: the thresholds live in a table of atomics indexed by
+// module, and the capture switch is an atomic flag. Setting a threshold and
+// switching the capture are single atomic stores; a check running at the
+// same time sees the value before or after. The mutex guards only the
+// captured lines and the writes to stderr.
 #include "zel/zel_debug.h"
 #include "zel/zel_standin.h"
 
+#include <atomic>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
-#include <map>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 namespace {
 
 constexpr unsigned int kModuleShift = 16;
+constexpr unsigned int kModuleCount = 1u << (32 - kModuleShift);  // every module a category names
+constexpr unsigned int kLevelMask = 0xFFFFu;
 
-struct TraceState {
-  std::mutex mutex;
-  std::map<unsigned int, unsigned int> thresholds;  // module -> level
-  bool capturing = false;
-  std::vector<zel_standin::TraceLine> captured;
+// A module's threshold as stored in the table: XOR-ed with the default, so
+// that the zero-initialised table gives every module the default and the
+// check decodes it with one instruction. A threshold above the highest level
+// passes every level, so it is stored as the highest level.
+std::uint32_t encodeThreshold(unsigned int level) {
+  return (level > kLevelMask ? kLevelMask : level) ^ zel_standin::kDefaultThreshold;
+}
+
+// The gate, read by every check: plain zero-initialised statics (no
+// initialisation guard to test), written by single atomic stores.
+std::atomic<std::uint32_t> thresholds[kModuleCount];  // encoded, see above
+std::atomic<bool> capturing{false};
+
+// The capture, used only when lines are written.
+struct Capture {
+  std::mutex mutex;  // guards `lines` and the writes to stderr
+  std::vector<zel_standin::TraceLine> lines;
 };
 
-TraceState& state() {
-  static TraceState* s = new TraceState;  // never destroyed: usable at exit
-  return *s;
+Capture& capture() {
+  static Capture* c = new Capture();  // never destroyed: usable at exit
+  return *c;
 }
 
 // The category of the last level check on this thread: zelDebugOutput0()
-// does not receive it, and a caller checks right before it writes.
-thread_local unsigned int lastCheckedCategory = 0;
+// does not receive it, and a caller checks right before it writes. The
+// stand-in is linked, not loaded later, so the cheap TLS model applies.
+__attribute__((tls_model("initial-exec"))) thread_local unsigned int lastCheckedCategory = 0;
 
 }  // namespace
 
 extern "C" int zelDebugCheckLevelGetFrameAndChunk(unsigned int category) {
   lastCheckedCategory = category;
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  if (s.capturing) return 1;
-  const unsigned int module = category >> kModuleShift;
-  const unsigned int level = category & 0xFFFFu;
-  auto it = s.thresholds.find(module);
+  if (capturing.load(std::memory_order_acquire)) return 1;
   const unsigned int threshold =
-      it == s.thresholds.end() ? zel_standin::kDefaultThreshold : it->second;
-  return level <= threshold ? 1 : 0;
+      thresholds[category >> kModuleShift].load(std::memory_order_relaxed) ^
+      zel_standin::kDefaultThreshold;
+  return (category & kLevelMask) <= threshold ? 1 : 0;
 }
 
 extern "C" void zelDebugOutput0(const char* format, ...) {
@@ -55,10 +75,10 @@ extern "C" void zelDebugOutput0(const char* format, ...) {
   if (size > 0) std::vsnprintf(&text[0], text.size() + 1, format, args);
   va_end(args);
 
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  if (s.capturing) {
-    s.captured.push_back({lastCheckedCategory, std::move(text)});
+  Capture& c = capture();
+  std::lock_guard<std::mutex> lock(c.mutex);
+  if (capturing.load(std::memory_order_relaxed)) {
+    c.lines.push_back({lastCheckedCategory, std::move(text)});
   } else {
     std::fputs(text.c_str(), stderr);
   }
@@ -67,41 +87,42 @@ extern "C" void zelDebugOutput0(const char* format, ...) {
 namespace zel_standin {
 
 void setThreshold(unsigned int module, unsigned int level) {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  s.thresholds[module] = level;
+  // No category word names a module beyond the table: its threshold could
+  // never be consulted.
+  if (module >= kModuleCount) return;
+  thresholds[module].store(encodeThreshold(level), std::memory_order_relaxed);
 }
 
 void resetThresholds() {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  s.thresholds.clear();
+  for (std::atomic<std::uint32_t>& threshold : thresholds) {
+    threshold.store(0, std::memory_order_relaxed);
+  }
 }
 
 void startCapture() {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  s.capturing = true;
-  s.captured.clear();
+  Capture& c = capture();
+  std::lock_guard<std::mutex> lock(c.mutex);
+  c.lines.clear();
+  capturing.store(true, std::memory_order_release);
 }
 
 void stopCapture() {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  s.capturing = false;
-  s.captured.clear();
+  Capture& c = capture();
+  std::lock_guard<std::mutex> lock(c.mutex);
+  capturing.store(false, std::memory_order_release);
+  c.lines.clear();
 }
 
 std::vector<TraceLine> capturedLines() {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  return s.captured;
+  Capture& c = capture();
+  std::lock_guard<std::mutex> lock(c.mutex);
+  return c.lines;
 }
 
 void clearCapture() {
-  TraceState& s = state();
-  std::lock_guard<std::mutex> lock(s.mutex);
-  s.captured.clear();
+  Capture& c = capture();
+  std::lock_guard<std::mutex> lock(c.mutex);
+  c.lines.clear();
 }
 
 }  // namespace zel_standin

@@ -1,7 +1,10 @@
 // The platform stand-in: level gate, capture, and the string description.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstddef>
+#include <thread>
+#include <vector>
 
 #include "ma_test/trace_capture.h"
 #include "zel/zel_debug.h"
@@ -28,6 +31,46 @@ TEST(ZelDebugStandin, ThresholdIsKeptPerModule) {
   EXPECT_EQ(0, zelDebugCheckLevelGetFrameAndChunk(category(1)));
   zel_standin::resetThresholds();
   EXPECT_NE(0, zelDebugCheckLevelGetFrameAndChunk(category(3000)));
+}
+
+TEST(ZelDebugStandin, ThresholdAboveTheHighestLevelPassesEveryLevel) {
+  zel_standin::setThreshold(kModule, 70000);
+  EXPECT_NE(0, zelDebugCheckLevelGetFrameAndChunk(category(0xFFFF)));
+  zel_standin::setThreshold(kModule, 0xFFFE);
+  EXPECT_EQ(0, zelDebugCheckLevelGetFrameAndChunk(category(0xFFFF)));
+  zel_standin::resetThresholds();
+}
+
+TEST(ZelDebugStandin, HighestModuleHasItsOwnThreshold) {
+  zel_standin::setThreshold(0xFFFF, 0);
+  EXPECT_EQ(0, zelDebugCheckLevelGetFrameAndChunk(0xFFFFu * 65536u + 1u));
+  EXPECT_NE(0, zelDebugCheckLevelGetFrameAndChunk(0xFFFEu * 65536u + 1u));
+  zel_standin::resetThresholds();
+  EXPECT_NE(0, zelDebugCheckLevelGetFrameAndChunk(0xFFFFu * 65536u + 1u));
+}
+
+// Checks on other threads run while thresholds change and the capture is
+// switched: each check sees a whole threshold, old or new (ThreadSanitizer
+// watches the rest).
+TEST(ZelDebugStandin, ChecksRunWhileThresholdsAndCaptureChange) {
+  std::atomic<bool> stop{false};
+  std::vector<std::thread> checkers;
+  for (int t = 0; t < 2; ++t) {
+    checkers.emplace_back([&] {
+      while (!stop.load()) zelDebugCheckLevelGetFrameAndChunk(category(3500));
+    });
+  }
+  for (int round = 0; round < 200; ++round) {
+    zel_standin::setThreshold(kModule, round % 2 == 0 ? 4000 : 1000);
+    if (round % 50 == 0) {
+      zel_standin::startCapture();
+      zel_standin::stopCapture();
+    }
+  }
+  stop = true;
+  for (std::thread& checker : checkers) checker.join();
+  zel_standin::resetThresholds();
+  EXPECT_EQ(0, zelDebugCheckLevelGetFrameAndChunk(category(3500)));
 }
 
 TEST(ZelDebugStandin, CaptureEnablesEverythingAndKeepsFormattedLines) {

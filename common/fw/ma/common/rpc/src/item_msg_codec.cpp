@@ -68,12 +68,19 @@ void writeMember(ItemInfo const& item, unsigned char* member) {
   storeValue(member, (item.*Get)());
 }
 
-// A member of `Width` bytes into the setter.
+// A member of `Width` bytes into the setter. A string member is copied into
+// `scratch` first, whose storage serves every string field of the item in
+// turn, so no string is allocated just to be handed to a setter.
 template <auto Set, std::size_t Width>
-void readMember(unsigned char const* member, ItemInfo& item) {
+void readMember(unsigned char const* member, ItemInfo& item, std::string& scratch) {
   using Value = typename SetterValue<decltype(Set)>::type;
   static_assert(widthInMessage<Value>() == Width, "member width matches the setter's type");
-  (item.*Set)(loadValue<Value>(member));
+  if constexpr (std::is_same<Value, std::string>::value) {
+    loadStringInto(member, scratch);
+    (item.*Set)(scratch);
+  } else {
+    (item.*Set)(loadValue<Value>(member));
+  }
 }
 
 #define MA_INFO_MEMBER(member)                                                  \
@@ -225,10 +232,12 @@ void fillVideo(ItemInfo const& item, unsigned char* payload) {
 template <class Kind>
 boost::shared_ptr<ItemInfo> buildItemFromMsgInfo(unsigned char const* info) {
   if (info == nullptr) return boost::shared_ptr<ItemInfo>();
-  boost::shared_ptr<Kind> item(new Kind(loadString(info + offsetof(itemMsgMaItemInfo_t, caption)),
-                                        loadString(info + offsetof(itemMsgMaItemInfo_t, uuid))));
+  std::string scratch;  // the caption first, then every string field in turn
+  loadStringInto(info + offsetof(itemMsgMaItemInfo_t, caption), scratch);
+  boost::shared_ptr<Kind> item(
+      new Kind(scratch, loadString(info + offsetof(itemMsgMaItemInfo_t, uuid))));
   for (const InfoField& field : kInfoFields) {
-    if (field.read != nullptr) field.read(info + field.offset, *item);
+    if (field.read != nullptr) field.read(info + field.offset, *item, scratch);
   }
   return item;
 }
@@ -330,10 +339,17 @@ void storeString(unsigned char* member, std::string const& text) {
 }
 
 std::string loadString(unsigned char const* member) {
+  std::string text;
+  loadStringInto(member, text);
+  return text;
+}
+
+void loadStringInto(unsigned char const* member, std::string& text) {
   zelDeserString_t string;
   std::memcpy(&string, member, sizeof string);
-  if (string.data == nullptr || string.length == 0) return std::string();
-  return std::string(string.data, string.length);
+  text.clear();  // keeps the storage; append() then copies without the
+                // overlap checks of assign()
+  if (string.data != nullptr && string.length != 0) text.append(string.data, string.length);
 }
 
 void freeString(unsigned char* member) {

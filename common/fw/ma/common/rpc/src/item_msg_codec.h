@@ -35,8 +35,9 @@ struct InfoField {
   // Stores the getter's value in `member`; a string gets a new buffer.
   void (*write)(ItemInfo const& item, unsigned char* member);
   // Passes the member's value to the setter; null for caption and UUID,
-  // which go to the kind constructor instead.
-  void (*read)(unsigned char const* member, ItemInfo& item);
+  // which go to the kind constructor instead. A string member passes through
+  // `scratch` (its storage is reused; its content is then undefined).
+  void (*read)(unsigned char const* member, ItemInfo& item, std::string& scratch);
 };
 
 constexpr std::size_t kInfoFieldCount = 59;  // every member but `reserved`
@@ -94,6 +95,9 @@ void storeString(unsigned char* member, std::string const& text);
 // The text of a counted string: exactly `length` characters from `data`, or
 // "" when `data` is null or `length` is 0.
 std::string loadString(unsigned char const* member);
+
+// The same text into `text`, reusing its storage.
+void loadStringInto(unsigned char const* member, std::string& text);
 
 // Frees the string's buffer when its pointer is not null.
 void freeString(unsigned char* member);

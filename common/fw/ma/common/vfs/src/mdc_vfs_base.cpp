@@ -7,6 +7,8 @@
 #include <cstring>
 #include <utility>
 
+#include <boost/make_shared.hpp>
+
 #include "ma/mdc_vfs_criteria.h"
 #include "ma/mdc_vfs_user_data_dr.h"
 #include "ma_internal/trace.h"
@@ -118,7 +120,7 @@ boost::shared_ptr<VfsEntry> VfsEntry::resolvePath(std::string path) {
   boost::shared_ptr<VfsEntry> result;
   std::string resultPath;
   boost::shared_ptr<VfsEntry> parent;
-  if (resolvePath(result, resultPath, parent, path, std::string()) < 0) result.reset();
+  if (resolvePath(result, resultPath, parent, std::move(path), std::string()) < 0) result.reset();
   return result;
 }
 
@@ -132,32 +134,43 @@ int VfsEntry::resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resu
     parent.reset();
     return 0;
   }
-  std::string remaining = path;
+  // The remaining path is `path` itself until the first step leaves a rest;
+  // the steps take it by value, so it is not copied here.
+  std::string const* remaining = &path;
+  std::string rest;          // a step's rest; becomes the remaining path
+  std::string restPath;      // the remaining path after the first step
   std::string resolvedPath;  // what the steps append, shared by the whole walk
   std::string parentPath;    // resolvedPath as it stood when `current` was reached
+  if (path.size() >= 16) {   // past the short-string buffer: grow once, not per step
+    resolvedPath.reserve(2 * path.size());
+    parentPath.reserve(2 * path.size());
+  }
+  boost::shared_ptr<VfsEntry> previous;  // whose step reached `current`; empty at the start
   for (;;) {
     MA_TRACE_AT(kVfsCalls, 240, __func__, "Resolving path part \"%s\" childTotal = \"%s\"... \n",
-                remaining.c_str(), resolvedPath.c_str());
+                remaining->c_str(), resolvedPath.c_str());
     // Fresh outputs for every step, so that a step which leaves them alone
     // fails (no child) or ends the walk (no rest) instead of looping.
     boost::shared_ptr<VfsEntry> child;
-    std::string rest;
-    const int status = current->resolvePathPart(child, rest, resolvedPath, remaining, query);
+    rest.clear();
+    const int status = current->resolvePathPart(child, rest, resolvedPath, *remaining, query);
     if (status < 0 || !child) {
       MA_TRACE_AT(kVfsFailures, 246, __func__,
                   "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
-                  remaining.c_str(), status);
+                  remaining->c_str(), status);
+      if (previous) parent = std::move(previous);  // else the caller's value stays
       return kPathNotResolved;
     }
     if (rest.empty()) {
-      result = child;
+      result = std::move(child);
       resultPath = parentPath;
-      parent = current;
+      parent = std::move(current);
       return 0;
     }
-    parent = current;
-    current = child;
-    remaining = rest;
+    previous = std::move(current);
+    current = std::move(child);
+    restPath.swap(rest);
+    remaining = &restPath;
     parentPath = resolvedPath;
   }
 }
@@ -229,29 +242,38 @@ template class TemplateSyncFunctor<boost::shared_ptr<VfsEntry> >;
 
 namespace {
 
-// One synchronous call in progress: the rendezvous and the callback that
-// fills it. The caller hands copies of callback() to the asynchronous
-// operation, then wait()s.
+// One synchronous call in progress: the rendezvous, from which callback()
+// makes the function object the asynchronous operation is handed; then
+// wait().
+//
+// Kept lean, since every browsing step makes one: the rendezvous and its
+// shared owner's count live in one allocation, and the function object is
+// built right in the operation's by-value parameter (no copy of it is made
+// and dropped on the way).
 template <typename T>
 class SyncCall {
  public:
-  SyncCall()
-      : m_data(new TemplateSyncFunctorData<T>()), m_callback(TemplateSyncFunctor<T>(m_data)) {}
+  SyncCall() : m_data(boost::make_shared<TemplateSyncFunctorData<T> >()) {}
 
-  boost::function<void(T)> const& callback() const { return m_callback; }
+  // A callback that fills this call's rendezvous.
+  boost::function<void(T)> callback() const {
+    return boost::function<void(T)>(TemplateSyncFunctor<T>(m_data));
+  }
 
   void* semaphore() const { return &m_data->semaphore; }
 
   // Waits once for the delivery and answers the value as it then stands.
   // An early return of the wait (a signal) is deliberately not retried.
+  // The value is copied out, or moved out when no copy of the callback
+  // (kept by the implementation) can see the rendezvous any more.
   T wait() {
     sem_wait(&m_data->semaphore);
+    if (m_data.use_count() == 1) return std::move(m_data->value);
     return m_data->value;
   }
 
  private:
   boost::shared_ptr<TemplateSyncFunctorData<T> > m_data;
-  boost::function<void(T)> m_callback;
 };
 
 }  // namespace

@@ -5,8 +5,11 @@
 #include <errno.h>
 
 #include <algorithm>
+#include <cctype>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -59,8 +62,21 @@ boost::shared_ptr<VfsEntry> childOrEmpty(VfsFixedFolder::Children const& childre
 // where long is wider, a value outside the 32-bit range is reported the way
 // the target's strtol reports it (the nearest limit, errno ERANGE), so that
 // paths resolve alike everywhere. errno is left as it was otherwise.
+//
+// An index of one to nine plain digits (as child paths carry them) is read
+// here directly: it cannot overflow, and the value, the end
+// and the untouched errno are those strtol gives. Anything else (blanks,
+// signs, longer numbers) goes to strtol.
 long parseIndex(char const* text, char** end) {
-  long value = std::strtol(text, end, 10);
+  constexpr int kSafeDigits = 9;
+  long value = 0;
+  char const* at = text;
+  while (at - text < kSafeDigits && *at >= '0' && *at <= '9') value = value * 10 + (*at++ - '0');
+  if (at != text && !(*at >= '0' && *at <= '9')) {
+    *end = const_cast<char*>(at);
+    return value;
+  }
+  value = std::strtol(text, end, 10);
 #if LONG_MAX > INT_MAX
   if (value > INT_MAX || value < INT_MIN) {
     value = value > INT_MAX ? INT_MAX : INT_MIN;
@@ -90,19 +106,53 @@ SortOrder sortOrderFor(std::string const& criteria) {
   return SortOrder::kDateDescending;
 }
 
+// Below these many keys a comparison sort takes fewer instructions than the
+// radix sort (measured by bench/sort_bench): dates skip most bytes of their
+// key, caption heads use all eight.
+constexpr std::size_t kDateRadixMinimum = 256;
+constexpr std::size_t kCaptionRadixMinimum = 16384;
+
+// Sorts `keys` by their unsigned 64-bit `key` member, equal keys in their
+// present order: a least-significant-digit radix sort, one byte per pass,
+// that skips the bytes in which all keys agree (dates share their high
+// bytes). REQUIRES: at least one key.
+template <typename Key>
+void radixSortByKey(std::vector<Key>& keys) {
+  std::size_t counts[8][256] = {};
+  for (Key const& key : keys) {
+    for (int byte = 0; byte < 8; ++byte) ++counts[byte][(key.key >> (8 * byte)) & 0xFF];
+  }
+  std::vector<Key> scratch(keys.size());
+  for (int byte = 0; byte < 8; ++byte) {
+    std::size_t* count = counts[byte];
+    if (count[(keys[0].key >> (8 * byte)) & 0xFF] == keys.size()) continue;  // all agree
+    std::size_t offset = 0;
+    for (std::size_t& bucket : counts[byte]) {
+      const std::size_t size = bucket;
+      bucket = offset;
+      offset += size;
+    }
+    for (Key const& key : keys) scratch[count[(key.key >> (8 * byte)) & 0xFF]++] = key;
+    keys.swap(scratch);
+  }
+}
+
 // A child's sort key, taken from its item once, and its list position.
+// Ascending keys give the order wanted: for dates the date mapped to an
+// unsigned number that orders newest first (newestFirstKey()), for captions
+// the caption's first eight bytes (captionHead(), inverted for the
+// descending order), where ties on the head are decided by the captions.
+// Sixteen bytes, so that the sorts move little.
 struct SortKey {
-  std::string const* caption;  // owned by the item, kept alive by the caller
-  unsigned long long head;     // captionHead(*caption)
-  long long date;
+  std::uint64_t key;
   std::size_t position;
 };
 
 // The first eight bytes of `caption` as a big-endian number, padded with
 // zero bytes. Where two heads differ, they order the captions as the byte-wise
 // comparison does; equal heads leave the decision to the whole captions.
-unsigned long long captionHead(std::string const& caption) {
-  unsigned long long head = 0;
+std::uint64_t captionHead(std::string const& caption) {
+  std::uint64_t head = 0;
   for (std::size_t i = 0; i < 8; ++i) {
     const unsigned char byte = i < caption.size() ? static_cast<unsigned char>(caption[i]) : 0;
     head = head << 8 | byte;
@@ -110,10 +160,57 @@ unsigned long long captionHead(std::string const& caption) {
   return head;
 }
 
-// -1, 0 or 1 as `a`'s caption sorts before, with or after `b`'s.
-int compareCaptions(SortKey const& a, SortKey const& b) {
-  if (a.head != b.head) return a.head < b.head ? -1 : 1;
-  return a.caption->compare(*b.caption);
+// Sorts caption keys: by caption (byte-wise, ascending or `descending`),
+// equal captions by list position; items[position] holds each caption. A
+// radix sort orders the heads (stable, so positions stay ascending among
+// equal heads); each run of equal heads is then ordered stably by the whole
+// captions. Smaller lists go to a comparison sort with the same order.
+void sortCaptionKeys(std::vector<SortKey>& keys, std::vector<ItemPtr> const& items,
+                     bool descending) {
+  // Below, above or equal to 0 as `a`'s caption sorts before, after or with
+  // `b`'s in the order wanted.
+  auto byCaption = [&items, descending](SortKey const& a, SortKey const& b) {
+    const int order = items[a.position]->getCaption().compare(items[b.position]->getCaption());
+    return descending ? -order : order;
+  };
+  if (keys.size() < kCaptionRadixMinimum) {
+    std::sort(keys.begin(), keys.end(), [&byCaption](SortKey const& a, SortKey const& b) {
+      if (a.key != b.key) return a.key < b.key;
+      const int order = byCaption(a, b);
+      return order != 0 ? order < 0 : a.position < b.position;
+    });
+    return;
+  }
+  radixSortByKey(keys);
+  // Within a run positions ascend already: a stable sort keeps them so for
+  // equal captions.
+  for (auto run = keys.begin(); run != keys.end();) {
+    auto runEnd = run + 1;
+    while (runEnd != keys.end() && runEnd->key == run->key) ++runEnd;
+    if (runEnd - run > 1) {
+      std::stable_sort(run, runEnd, [&byCaption](SortKey const& a, SortKey const& b) {
+        return byCaption(a, b) < 0;
+      });
+    }
+    run = runEnd;
+  }
+}
+
+// The date as an unsigned number that orders newest first: the sign bit
+// flipped (so signed order becomes unsigned order), then every bit inverted.
+std::uint64_t newestFirstKey(long long date) {
+  return ~(static_cast<std::uint64_t>(date) ^ (std::uint64_t{1} << 63));
+}
+
+// Sorts `keys` by ascending key, equal keys in their present order.
+void sortDateKeys(std::vector<SortKey>& keys) {
+  if (keys.size() < kDateRadixMinimum) {
+    std::sort(keys.begin(), keys.end(), [](SortKey const& a, SortKey const& b) {
+      return a.key != b.key ? a.key < b.key : a.position < b.position;
+    });
+    return;
+  }
+  radixSortByKey(keys);
 }
 
 // `children` sorted in `order` by the keys that the comparators
@@ -125,41 +222,44 @@ int compareCaptions(SortKey const& a, SortKey const& b) {
 // placed last, in list order (their place is otherwise unspecified); the
 // others are sorted with ties broken by list position, a strict total order
 // that is also stable. Each item is asked for its key once, not once per
-// comparison, and captions mostly compare by their first bytes alone.
+// comparison. Both orders radix-sort a 64-bit key (the date, the caption's
+// first bytes), which is stable, so ties keep list order as well.
 VfsFixedFolder::Children sortedChildren(VfsFixedFolder::Children const& children,
                                         SortOrder order) {
-  std::vector<ItemPtr> items(children.size());  // keep the keys alive
-  std::vector<SortKey> keyed;
   std::vector<std::size_t> keyless;
-  keyed.reserve(children.size());
-  for (std::size_t i = 0; i < children.size(); ++i) {
-    if (children[i]) items[i] = children[i]->getItemInfo();
-    if (!items[i]) {
-      keyless.push_back(i);
-    } else if (order == SortOrder::kDateDescending) {
-      keyed.push_back({nullptr, 0, items[i]->getDateNumeric(), i});
-    } else {
-      std::string const& caption = items[i]->getCaption();
-      keyed.push_back({&caption, captionHead(caption), 0, i});
-    }
-  }
-
-  if (order == SortOrder::kDateDescending) {
-    std::sort(keyed.begin(), keyed.end(), [](SortKey const& a, SortKey const& b) {
-      return a.date != b.date ? a.date > b.date : a.position < b.position;
-    });
-  } else {
-    const bool descending = order == SortOrder::kCaptionDescending;
-    std::sort(keyed.begin(), keyed.end(), [descending](SortKey const& a, SortKey const& b) {
-      const int byCaption = compareCaptions(a, b);
-      if (byCaption == 0) return a.position < b.position;
-      return descending ? byCaption > 0 : byCaption < 0;
-    });
-  }
-
   VfsFixedFolder::Children sorted;
   sorted.reserve(children.size());
-  for (SortKey const& key : keyed) sorted.push_back(children[key.position]);
+  if (order == SortOrder::kDateDescending) {
+    std::vector<SortKey> keys;
+    keys.reserve(children.size());
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      ItemPtr item;
+      if (children[i]) item = children[i]->getItemInfo();
+      if (item) {
+        keys.push_back({newestFirstKey(item->getDateNumeric()), i});
+      } else {
+        keyless.push_back(i);
+      }
+    }
+    sortDateKeys(keys);
+    for (SortKey const& key : keys) sorted.push_back(children[key.position]);
+  } else {
+    const bool descending = order == SortOrder::kCaptionDescending;
+    std::vector<ItemPtr> items(children.size());  // keep the captions alive
+    std::vector<SortKey> keys;
+    keys.reserve(children.size());
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      if (children[i]) items[i] = children[i]->getItemInfo();
+      if (items[i]) {
+        const std::uint64_t head = captionHead(items[i]->getCaption());
+        keys.push_back({descending ? ~head : head, i});
+      } else {
+        keyless.push_back(i);
+      }
+    }
+    sortCaptionKeys(keys, items, descending);
+    for (SortKey const& key : keys) sorted.push_back(children[key.position]);
+  }
   for (std::size_t position : keyless) sorted.push_back(children[position]);
   return sorted;
 }
@@ -302,45 +402,63 @@ int VfsFixedFolder::addEntry(boost::shared_ptr<VfsEntry> entry) {
 
 int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& rest,
                                     std::string& partInfo, std::string path, std::string query) {
-  const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
-  if (understood >= 0) return understood;
+  // The base step understands the empty part and queries (parts that begin
+  // with a letter); it declines anything else without looking further, so
+  // it is asked only about those (which spares it copies of both texts).
+  if (path.empty() || std::isalpha(static_cast<unsigned char>(path[0]))) {
+    const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
+    if (understood >= 0) return understood;
+  }
   rest.clear();
   child.reset();
-  // An empty part never gets here: the base step names this folder for it.
-  if (path[0] == '$') path.erase(0, 1);
-  const std::string::size_type separator = path.find('$');
-  const std::string index = path.substr(0, separator);
-  if (index.empty()) {
-    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", path.c_str());
+  // The part is read in place, without copies: `part` is the text after a
+  // leading "$" (all messages show that text), `separator` the next "$"
+  // or the end. An empty part never gets here: the base step names this
+  // folder for it.
+  char const* const part = path.c_str() + (path[0] == '$' ? 1 : 0);
+  char const* const partEnd = path.c_str() + path.size();
+  char const* separator =
+      static_cast<char const*>(std::memchr(part, '$', static_cast<std::size_t>(partEnd - part)));
+  if (separator == nullptr) separator = partEnd;
+  if (separator == part) {
+    MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", part);
     return kPathNotResolved;
   }
-  // errno is deliberately not cleared first: an ERANGE left over from
-  // earlier makes an index at a 32-bit limit fail as unparsable.
+  // The index text ends at `separator`, where any number ends as well, so
+  // the number is read from `part` itself. errno is deliberately not
+  // cleared first: an ERANGE left over from earlier makes an index at a
+  // 32-bit limit fail as unparsable.
   char* end = nullptr;
-  const long position = parseIndex(index.c_str(), &end);
+  const long position = parseIndex(part, &end);
   if (errno == ERANGE && (position == INT_MAX || position == INT_MIN)) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #1.\n",
-                path.c_str());
+                part);
     return kPathNotResolved;
   }
-  if (end == index.c_str()) {
+  if (end == part) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #2.\n",
-                path.c_str());
+                part);
     return kPathNotResolved;
   }
   partInfo += '$';
-  partInfo.append(index, 0, static_cast<std::size_t>(end - index.c_str()));  // blanks, sign too
+  partInfo.append(part, static_cast<std::size_t>(end - part));  // blanks, sign too
   if (position < 0 || position >= static_cast<long>(m_children.size())) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
                 "Path: \"%s\" with path part \"%s\" specifies child that is out of range.\n",
-                path.c_str(), index.c_str());
+                part, std::string(part, separator).c_str());
     return kPathNotResolved;
   }
-  // Checked again as it is fetched: only a concurrent removal can fail it.
-  const int fetched = vfs_internal::fetchIndexedChild(
-      m_children, static_cast<std::size_t>(position), path, index, child);
-  if (fetched != 0) return fetched;
-  rest = separator == std::string::npos ? std::string() : path.substr(separator + 1);
+  if (static_cast<std::size_t>(position) < m_children.size()) {
+    child = m_children[static_cast<std::size_t>(position)];
+  } else {
+    // The list shrank since the check above (a concurrent removal): the
+    // range-checked fetch reports it.
+    const int fetched = vfs_internal::fetchIndexedChild(
+        m_children, static_cast<std::size_t>(position), std::string(part),
+        std::string(part, separator), child);
+    if (fetched != 0) return fetched;
+  }
+  if (separator != partEnd) rest.assign(separator + 1, partEnd);
   return 0;
 }
 

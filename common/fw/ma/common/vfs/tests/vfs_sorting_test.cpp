@@ -7,6 +7,7 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
 #include <climits>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -370,6 +371,65 @@ TEST(VfsSortingTest, RandomFoldersWithUnkeyedChildrenAndEqualKeysSortSafely) {
             << "criteria \"" << order.criteria << "\" size " << size << " round " << round;
       }
     }
+  }
+}
+
+// Large folders sort by date through a radix sort of the 64-bit dates: dates
+// over the whole signed range, the extremes and many equal ones included,
+// must come out newest first with equal dates in list order.
+TEST(VfsSortingTest, LargeFoldersSortDatesOverTheWholeRangeNewestFirstStably) {
+  std::mt19937_64 random(7);
+  const long long kExtremes[] = {std::numeric_limits<long long>::min(), -1, 0, 1,
+                                 std::numeric_limits<long long>::max()};
+  FolderPtr folder = makeFolder();
+  std::vector<EntryPtr> children;
+  for (int i = 0; i < 2000; ++i) {
+    const long long date = i % 7 == 0 ? kExtremes[random() % 5]
+                           : i % 3 == 0 ? static_cast<long long>(random() % 50) * 1000003LL
+                                        : static_cast<long long>(random());
+    children.push_back(makeLeaf("c" + std::to_string(i), "", date));
+    folder->addEntry(children.back());
+  }
+  IteratorPtr iterator = folder->getSortedIterator("");
+  std::vector<EntryPtr> sorted;
+  for (EntryPtr child = iterator->getCurrentChild(); child; child = iterator->getCurrentChild()) {
+    sorted.push_back(child);
+    iterator->advance();
+  }
+  EXPECT_TRUE(sorted == referenceSort(children, &ma::VfsFixedFolder::compareDateDec));
+}
+
+// Large folders (here 20,000 children) sort captions by a radix sort of their
+// first eight bytes and then by the whole captions where those agree:
+// captions with long common beginnings, prefixes of each other, zero and high
+// bytes and duplicates must come out in byte order both ways, equal captions
+// in list order.
+TEST(VfsSortingTest, LargeFoldersSortCaptionsWithCommonBeginningsByTheirWholeText) {
+  std::mt19937 random(11);
+  const std::string kBeginnings[] = {"", "Tagesschau ", "Tagessch", std::string("ab\0", 3),
+                                     "\xff\xfe", "a"};
+  FolderPtr folder = makeFolder();
+  std::vector<EntryPtr> children;
+  for (int i = 0; i < 20000; ++i) {
+    std::string caption = kBeginnings[random() % 6];
+    const std::size_t tail = random() % 4;
+    for (std::size_t c = 0; c < tail; ++c) caption += static_cast<char>("a\0Zz\x80"[random() % 5]);
+    children.push_back(makeLeaf(caption, "", 0));
+    folder->addEntry(children.back());
+  }
+  const struct {
+    const char* criteria;
+    Comparator before;
+  } kOrders[] = {{"+dc:title", &ma::VfsFixedFolder::compareCaptionInc},
+                 {"-dc:title", &ma::VfsFixedFolder::compareCaptionDec}};
+  for (const auto& order : kOrders) {
+    IteratorPtr iterator = folder->getSortedIterator(order.criteria);
+    std::vector<EntryPtr> sorted;
+    for (EntryPtr child = iterator->getCurrentChild(); child; child = iterator->getCurrentChild()) {
+      sorted.push_back(child);
+      iterator->advance();
+    }
+    EXPECT_TRUE(sorted == referenceSort(children, order.before)) << order.criteria;
   }
 }
 

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Runs the benchmark suite and writes bench/RESULTS.md and bench/scaling.png:
+#   1. every scenario program of the host-release build under Google
+#      Benchmark (wall-clock time; noisy on a shared machine);
+#   2. the same cases under valgrind's callgrind (instructions per
+#      operation; repeatable), up to BENCH_CALLGRIND_MAX_ARG elements;
+#   3. the heap-bytes-per-leaf program on the host and, under qemu, on the
+#      ARM target.
+#
+#   scripts/bench.sh                 everything (about 15 minutes alone)
+#   scripts/bench.sh --smoke         only builds the benchmarks and runs each
+#                                    case once at its smallest size (part of
+#                                    scripts/test.sh; measures nothing)
+#   BENCH_MIN_TIME=0.05 scripts/bench.sh   shorter time runs
+#   BENCH_SKIP_ARM=1 scripts/bench.sh      without the ARM build
+#   BENCH_BASELINE=<folder> BENCH_BASELINE_NAME=<what it was> scripts/bench.sh
+#                                    adds the instructions of an earlier run
+#                                    (its build/bench-results copied aside)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh
+
+programs=(message_bench sort_bench browse_bench path_bench tree_bench trace_bench)
+bin=build/host-release/bench
+
+if [ "${1:-}" = --smoke ]; then
+  echo "=== bench-smoke: build the benchmarks (host-release) and run each case once"
+  cmake --preset host-release >/dev/null
+  cmake --build --preset host-release -j"$(nproc)" --target benchmarks
+  for program in "${programs[@]}"; do
+    "$bin/$program" --smoke >/dev/null
+  done
+  "$bin/item_bench" --benchmark_min_time=0.001 >/dev/null 2>&1
+  "$bin/leaf_memory" >/dev/null
+  echo "=== bench-smoke: every benchmark ran"
+  exit 0
+fi
+
+out=build/bench-results
+min_time=${BENCH_MIN_TIME:-0.2}
+callgrind_max_arg=${BENCH_CALLGRIND_MAX_ARG:-100000}
+rm -rf "$out" && mkdir -p "$out/callgrind"
+
+echo "=== bench: build host-release"
+cmake --preset host-release >/dev/null
+cmake --build --preset host-release -j"$(nproc)" --target benchmarks
+
+for program in "${programs[@]}"; do
+  echo "=== bench: time of ${program}"
+  "$bin/$program" --benchmark_min_time="$min_time" --benchmark_format=json \
+    --benchmark_out="$out/$program.json" --benchmark_out_format=json >/dev/null
+done
+
+for program in "${programs[@]}"; do
+  echo "=== bench: instructions of ${program} (callgrind)"
+  valgrind --tool=callgrind --collect-atstart=no \
+    --callgrind-out-file="$out/callgrind/$program.out" \
+    "$bin/$program" --instructions --max-arg="$callgrind_max_arg" \
+    >"$out/callgrind/$program.cases" 2>"$out/callgrind/$program.log"
+done
+
+echo "=== bench: heap bytes per leaf"
+"$bin/leaf_memory" >"$out/leaf_memory.host.txt"
+if [ "${BENCH_SKIP_ARM:-0}" != 1 ]; then
+  cmake --preset arm >/dev/null
+  cmake --build --preset arm -j"$(nproc)" --target leaf_memory
+  qemu-arm -L /usr/arm-linux-gnueabihf build/arm/bench/leaf_memory >"$out/leaf_memory.arm.txt"
+fi
+
+echo "=== bench: report"
+/usr/bin/python3 scripts/bench_report.py "$out" bench/RESULTS.md bench/scaling.png \
+  ${BENCH_BASELINE:+"$BENCH_BASELINE"}
+echo "=== bench: wrote bench/RESULTS.md and bench/scaling.png"

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs the whole test suite: on the host (debug, ASan+UBSan, TSan,
-# valgrind) and on the ARM target under qemu-arm.
+# valgrind), on the ARM target under qemu-arm, and every fuzz target for a
+# few seconds (scripts/fuzz.sh runs them longer).
 #
 #   scripts/test.sh               every configuration
 #   scripts/test.sh arm host-asan only the named presets
@@ -9,7 +10,7 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh
 
 presets=("$@")
-[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind)
+[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind fuzz)
 jobs=$(nproc)
 
 run_preset() {
@@ -24,6 +25,7 @@ run_preset() {
 for preset in "${presets[@]}"; do
   case "$preset" in
     valgrind) scripts/valgrind.sh ;;
+    fuzz) scripts/fuzz.sh 5 ;;
     *) run_preset "$preset" ;;
   esac
 done

@@ -191,7 +191,7 @@ TEST(Soak, BrowseSessionOverTenThousandChildrenKeepsItsMemory) {
   // rounds would keep their 160 kB lists on the heap instead, which looks
   // like growth after the first round without being one.
   mallopt(M_MMAP_THRESHOLD, 128 * 1024);
-  const int children = ma_test::runLengthDivisor() == 1 ? 10000 : 1000;
+  const int children = static_cast<int>(ma_test::runLength(10000, 10000, 200));
   const long rounds = ma_test::runLength(3, 10, 2);
   Session session(children);
   session.round();

@@ -37,7 +37,7 @@ inline long runLengthDivisor() {
 #if defined(MA_TEST_EMULATED)
   return 50;
 #elif defined(__SANITIZE_THREAD__)
-  return 50;
+  return 10;
 #elif defined(__SANITIZE_ADDRESS__)
   return 10;
 #else

@@ -9,6 +9,7 @@ packages=(
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
+  clang libclang-rt-14-dev                    # fuzz targets (libFuzzer)
 )
 
 missing=()

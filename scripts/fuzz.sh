@@ -7,8 +7,8 @@
 #   scripts/fuzz.sh                 60 seconds per target
 #   scripts/fuzz.sh 600             10 minutes per target
 #   scripts/fuzz.sh 5 vfs_tree_fuzzer          only the named targets
-#   MERGE=1 scripts/fuzz.sh 300     afterwards merges the inputs that add
-#                                   coverage into fuzz/corpus/ (-merge=1)
+#   MERGE=1 scripts/fuzz.sh 300     afterwards merges the inputs that reach
+#                                   new code into fuzz/corpus/ (-merge=1)
 #
 # scripts/test.sh runs it for a few seconds per target.
 set -euo pipefail
@@ -49,7 +49,7 @@ for target in "${targets[@]}"; do
     failed=1
   fi
   if [ "${MERGE:-0}" = 1 ] && [ $failed = 0 ]; then
-    "build/fuzz/fuzz/$target" -merge=1 "fuzz/corpus/$target" "$work/$target" >"$work/$target.merge.log" 2>&1
+    "build/fuzz/fuzz/$target" -merge=1 -use_counters=0 "fuzz/corpus/$target" "$work/$target" >"$work/$target.merge.log" 2>&1
     echo "fuzz: $target: corpus merged, now $(find "fuzz/corpus/$target" -type f | wc -l) inputs"
   fi
 done

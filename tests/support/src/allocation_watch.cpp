@@ -19,7 +19,6 @@ struct WatchState {
   int failMallocCountdown;  // 0: no failure armed
   int failNewCountdown;     // 0: no failure armed
   int failAnyCountdown;     // 0: no failure armed; counts malloc() and new
-  long allocations;
   bool fill;
   unsigned char fillByte;
   bool holdFrees;
@@ -32,13 +31,8 @@ struct WatchState {
 
 WatchState state;
 
-}  // namespace
-
-namespace {
-
 // Counts one allocation; whether it is the one armed by failAllocation().
 bool countAllocationAndFail() {
-  ++state.allocations;
   if (state.failAnyCountdown > 0 && --state.failAnyCountdown == 0) {
     ++state.failures;
     return true;
@@ -148,7 +142,6 @@ AllocationWatch::AllocationWatch() {
   state.failMallocCountdown = 0;
   state.failNewCountdown = 0;
   state.failAnyCountdown = 0;
-  state.allocations = 0;
   state.fill = false;
   state.holdFrees = false;
   state.failures = 0;
@@ -172,8 +165,6 @@ void AllocationWatch::failMallocCall(int nth) {
 void AllocationWatch::failNew(int nth) { state.failNewCountdown = nth; }
 
 void AllocationWatch::failAllocation(int nth) { state.failAnyCountdown = nth; }
-
-long AllocationWatch::allocations() const { return state.allocations; }
 
 void AllocationWatch::fillMallocWith(unsigned char byte) {
   state.fill = true;

@@ -47,10 +47,6 @@ class AllocationWatch {
   // fails; the allocations after it succeed again.
   void failAllocation(int nth);
 
-  // How many malloc() calls and operator new calls were made since the
-  // watch began.
-  long allocations() const;
-
   // From now on fresh malloc() blocks start filled with `byte`.
   void fillMallocWith(unsigned char byte);
 

@@ -124,7 +124,9 @@ class FolderWorker {
   void run(long steps) {
     for (long step = 0; step < steps; ++step) {
       const unsigned choice = m_random() % 100;
-      if (choice < 22) {
+      if (m_id == 0 && step == steps / 2) {
+        clear();  // at least once, however short the run
+      } else if (choice < 22) {
         if (m_mine.size() < 24) {
           add();
         } else {
@@ -330,6 +332,7 @@ TEST(VfsStress, EightThreadsMixEveryOperationOnOneFolder) {
   EXPECT_GT(counts.removals.load(), 0);
   EXPECT_GT(counts.walks.load(), 0);
   EXPECT_GT(counts.uuidQueries.load(), 0);
+  EXPECT_GT(counts.clears.load(), 0);
   zel_standin::resetThresholds();
 }
 

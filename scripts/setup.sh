@@ -14,6 +14,7 @@ packages=(
   dpkg-dev                                    # Debian packages: dpkg-architecture
   abigail-tools                               # ABI baseline: abidw, abidiff
   libprotobuf-dev protobuf-compiler python3-matplotlib  # benchmarks: protobuf peer, plot
+  clang libclang-rt-14-dev                    # fuzz targets (libFuzzer)
 )
 
 missing=()

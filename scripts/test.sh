@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs the whole test suite: on the host (debug, ASan+UBSan, TSan,
-# valgrind) and on the ARM target under qemu-arm; then builds the benchmarks
+# valgrind), on the ARM target under qemu-arm, and every fuzz target for a
+# few seconds (scripts/fuzz.sh runs them longer); then builds the benchmarks
 # and runs each once at a tiny size (bench-smoke), so that they cannot rot.
 #
 #   scripts/test.sh               every configuration
@@ -10,7 +11,7 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh
 
 presets=("$@")
-[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind bench-smoke)
+[ ${#presets[@]} -eq 0 ] && presets=(host-debug arm host-asan host-tsan valgrind fuzz bench-smoke)
 jobs=$(nproc)
 
 run_preset() {
@@ -26,6 +27,7 @@ for preset in "${presets[@]}"; do
   case "$preset" in
     valgrind) scripts/valgrind.sh ;;
     bench-smoke) scripts/bench.sh --smoke ;;
+    fuzz) scripts/fuzz.sh 5 ;;
     *) run_preset "$preset" ;;
   esac
 done

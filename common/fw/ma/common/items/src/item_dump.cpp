@@ -13,7 +13,13 @@ namespace {
 
 class DumpWriter {
  public:
-  DumpWriter() { out_.imbue(std::locale::classic()); }
+  // A stream swallows an exception of its buffer and only sets badbit; with
+  // badbit in its exception mask it lets it pass. So an exhausted allocator
+  // ends the dump in std::bad_alloc instead of a silently cut text.
+  DumpWriter() {
+    out_.exceptions(std::ios::badbit);
+    out_.imbue(std::locale::classic());
+  }
 
   // Writes the line unless the value is empty or zero.
   void text(const char* label, std::string const& value) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "allocation_watch.h"
+#include "ma_test/allocation_watch.h"
 #include "item_msg_codec.h"
 #include "item_msg_test_support.h"
 #include "ma/mdc_item.h"

@@ -131,6 +131,9 @@ int mdcSelectionCreate(std::string& uri, ma::SelectionStrings const& parts) {
     return ma::selection_uris::kInvalidArgument;
   }
   std::ostringstream text;
+  // Lets an exhausted allocator's std::bad_alloc pass instead of leaving a
+  // cut URI behind (a stream otherwise only sets badbit).
+  text.exceptions(std::ios::badbit);
   text << parts.sourceType << "://" << parts.volume << '/' << parts.path;
   if (!parts.parameters.empty()) {
     text << '?';

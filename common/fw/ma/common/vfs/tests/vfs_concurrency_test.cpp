@@ -23,8 +23,10 @@ namespace {
 using vfs_test::DeferredIterator;
 using vfs_test::EntryPtr;
 using vfs_test::FolderPtr;
+using vfs_test::isMirrored;
 using vfs_test::makeFolderOf;
 using vfs_test::makeLeaf;
+using vfs_test::mirrored;
 using vfs_test::Worker;
 
 TEST(VfsConcurrencyTest, ThreadsAddToFindInAndCountOneFolder) {
@@ -111,17 +113,6 @@ TEST(VfsConcurrencyTest, ThreadsAddRemoveAndFindInOneFolder) {
     EXPECT_FALSE(folder->findEntrybyUUID("r" + std::to_string(i))) << i;
     EXPECT_TRUE(folder->findEntrybyUUID("a" + std::to_string(i))) << i;
   }
-}
-
-// A value whose two 32-bit halves are equal, so that a torn read shows.
-long long mirrored(unsigned int half, bool negative) {
-  const long long value = (static_cast<long long>(half) << 32) | half;
-  return negative ? ~value : value;
-}
-
-bool isMirrored(long long value) {
-  const unsigned long long bits = static_cast<unsigned long long>(value);
-  return (bits >> 32) == (bits & 0xffffffffu);
 }
 
 TEST(VfsConcurrencyTest, ThreadsReadAndWriteOneRecorderUserDataAndBoundsStayWhole) {

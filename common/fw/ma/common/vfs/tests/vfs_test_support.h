@@ -159,6 +159,18 @@ inline std::vector<std::string> childCaptions(ma::VfsFixedFolder& folder) {
   return remainingCaptions(*iterator);
 }
 
+// A 64-bit value whose two 32-bit halves are equal (all bits inverted when
+// `negative`), so that a read torn between two such writes shows.
+inline long long mirrored(unsigned int half, bool negative) {
+  const long long value = static_cast<long long>((static_cast<unsigned long long>(half) << 32) | half);
+  return negative ? ~value : value;
+}
+
+inline bool isMirrored(long long value) {
+  const unsigned long long bits = static_cast<unsigned long long>(value);
+  return (bits >> 32) == (bits & 0xffffffffu);
+}
+
 // "<file>:<line>:<function>(): <text>": a located trace line.
 inline std::string located(std::string const& file, int line, std::string const& function,
                            std::string const& text) {

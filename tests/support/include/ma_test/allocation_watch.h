@@ -9,9 +9,16 @@
 // malloc() blocks with a byte, and record malloc() sizes and free() pointers.
 // Without a watch every call goes straight through.
 //
-// Thread-safety: none. At most one watch at a time, used on one thread.
-#ifndef MA_RPC_TESTS_ALLOCATION_WATCH_H_
-#define MA_RPC_TESTS_ALLOCATION_WATCH_H_
+// Under the sanitizers and valgrind: the replaced operator new and the
+// wrapped malloc() end in the C library's malloc(), which AddressSanitizer,
+// ThreadSanitizer and valgrind intercept as usual, so their checks see every
+// block. Valgrind replaces operator new only in its usual libraries, not in
+// the program, so this operator new stays in charge under valgrind too.
+//
+// Thread-safety: none. At most one watch at a time, used on one thread, and
+// no other thread allocates while it is alive.
+#ifndef MA_TEST_ALLOCATION_WATCH_H_
+#define MA_TEST_ALLOCATION_WATCH_H_
 
 #include <cstddef>
 #include <vector>
@@ -34,6 +41,12 @@ class AllocationWatch {
   // The `nth` operator new from now on throws std::bad_alloc.
   void failNew(int nth);
 
+  // The `nth` allocation from now on fails, counting malloc() calls and
+  // every form of operator new together: malloc() returns null, operator
+  // new throws std::bad_alloc (the nothrow forms return null). Only that one
+  // fails; the allocations after it succeed again.
+  void failAllocation(int nth);
+
   // From now on fresh malloc() blocks start filled with `byte`.
   void fillMallocWith(unsigned char byte);
 
@@ -55,4 +68,4 @@ class AllocationWatch {
 
 }  // namespace ma_test
 
-#endif  // MA_RPC_TESTS_ALLOCATION_WATCH_H_
+#endif  // MA_TEST_ALLOCATION_WATCH_H_

@@ -1,4 +1,4 @@
-#include "allocation_watch.h"
+#include "ma_test/allocation_watch.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -18,6 +18,7 @@ struct WatchState {
   std::size_t failSize;
   int failMallocCountdown;  // 0: no failure armed
   int failNewCountdown;     // 0: no failure armed
+  int failAnyCountdown;     // 0: no failure armed; counts malloc() and new
   bool fill;
   unsigned char fillByte;
   bool holdFrees;
@@ -30,12 +31,22 @@ struct WatchState {
 
 WatchState state;
 
+// Counts one allocation; whether it is the one armed by failAllocation().
+bool countAllocationAndFail() {
+  if (state.failAnyCountdown > 0 && --state.failAnyCountdown == 0) {
+    ++state.failures;
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 extern "C" void* __wrap_malloc(std::size_t size) {
   if (!state.watching) return __real_malloc(size);
   if (state.mallocCount < kRecordCapacity) state.mallocSizes[state.mallocCount] = size;
   ++state.mallocCount;
+  if (countAllocationAndFail()) return nullptr;
   if (state.failMallocCountdown > 0 && (state.failAnySize || size == state.failSize) &&
       --state.failMallocCountdown == 0) {
     ++state.failures;
@@ -56,6 +67,7 @@ extern "C" void __wrap_free(void* pointer) {
 }
 
 void* operator new(std::size_t size) {
+  if (state.watching && countAllocationAndFail()) throw std::bad_alloc();
   if (state.watching && state.failNewCountdown > 0 && --state.failNewCountdown == 0) {
     ++state.failures;
     throw std::bad_alloc();
@@ -79,6 +91,44 @@ void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
   return ::operator new(size, tag);
 }
 
+// The over-aligned forms: the same failures, blocks from aligned_alloc().
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  if (state.watching && countAllocationAndFail()) throw std::bad_alloc();
+  const auto align = static_cast<std::size_t>(alignment);
+  const std::size_t rounded = (size + align - 1) / align * align;
+  void* block = std::aligned_alloc(align, rounded == 0 ? align : rounded);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+  return ::operator new(size, alignment);
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+  try {
+    return ::operator new(size, alignment);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+void* operator new[](std::size_t size, std::align_val_t alignment,
+                     const std::nothrow_t& tag) noexcept {
+  return ::operator new(size, alignment, tag);
+}
+
+void operator delete(void* block, std::align_val_t) noexcept { __real_free(block); }
+void operator delete[](void* block, std::align_val_t) noexcept { __real_free(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept { __real_free(block); }
+void operator delete[](void* block, std::size_t, std::align_val_t) noexcept { __real_free(block); }
+void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept {
+  __real_free(block);
+}
+void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept {
+  __real_free(block);
+}
+
 void operator delete(void* block) noexcept { __real_free(block); }
 void operator delete[](void* block) noexcept { __real_free(block); }
 void operator delete(void* block, std::size_t) noexcept { __real_free(block); }
@@ -91,6 +141,7 @@ namespace ma_test {
 AllocationWatch::AllocationWatch() {
   state.failMallocCountdown = 0;
   state.failNewCountdown = 0;
+  state.failAnyCountdown = 0;
   state.fill = false;
   state.holdFrees = false;
   state.failures = 0;
@@ -112,6 +163,8 @@ void AllocationWatch::failMallocCall(int nth) {
 }
 
 void AllocationWatch::failNew(int nth) { state.failNewCountdown = nth; }
+
+void AllocationWatch::failAllocation(int nth) { state.failAnyCountdown = nth; }
 
 void AllocationWatch::fillMallocWith(unsigned char byte) {
   state.fill = true;

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "ma/mdc_item.h"
+#include "ma_internal/item_fields.h"
 #include "zel/zel_standin.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include "ma/mdc_vfs_base.h"
 
 #include <cctype>
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -139,7 +140,11 @@ struct WalkStrings {
 // is reused from walk to walk (it holds about the longest path the thread
 // resolved, until the thread ends). A walk that starts while another one is
 // under way on the same thread (a step that resolves a path itself) uses a
-// set of its own, as does a walk of a short path (nothing to reuse there).
+// set of its own, as does a walk of a short path (nothing to reuse there)
+// and one of a path longer than kMaxReusedPath (so that one huge path does
+// not keep its storage for the rest of the thread's life).
+constexpr std::size_t kMaxReusedPath = 1024;
+
 struct ThreadWalkStrings {
   WalkStrings strings;
   bool lent = false;
@@ -150,8 +155,9 @@ thread_local ThreadWalkStrings t_walkStrings;
 // the walk lasts.
 class WalkStringsLoan {
  public:
-  explicit WalkStringsLoan(bool longPath)
-      : m_thread(longPath && !t_walkStrings.lent ? &t_walkStrings : nullptr) {
+  // `reuse`: whether the walk may borrow the thread's set.
+  explicit WalkStringsLoan(bool reuse)
+      : m_thread(reuse && !t_walkStrings.lent ? &t_walkStrings : nullptr) {
     if (m_thread != nullptr) {
       m_thread->lent = true;
       m_thread->strings.resolvedPath.clear();
@@ -188,7 +194,7 @@ int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
   // the previous step's rest: two buffers take turns as the remaining path
   // and the next step's rest (each keeps its storage for the whole walk).
   const bool longPath = path.size() >= 16;  // past the short-string buffer
-  WalkStringsLoan loan(longPath);
+  WalkStringsLoan loan(longPath && path.size() <= kMaxReusedPath);
   std::string* const buffers = loan.strings().buffers;
   std::string const* remaining = &path;
   std::string* rest = &buffers[0];

@@ -8,6 +8,7 @@
 #include "ma/mdc_item.h"
 
 #include <type_traits>
+#include <typeinfo>
 
 #include "ma_internal/item_fields.h"
 #include "ma_internal/trace.h"
@@ -35,8 +36,12 @@ void reportMissingSubTypeStore(const char* accessor, int line) {
 
 // The kind's own store, or null (with the getImpl trace line) when `impl` is
 // null or of another class.
+// A store of exactly the kind's class (as the kind's constructors make it)
+// is recognised by its type alone; only another class searches the
+// hierarchy.
 template <class Store, class Base>
 Store* storeOfKind(Base* impl) {
+  if (impl != nullptr && typeid(*impl) == typeid(Store)) return static_cast<Store*>(impl);
   Store* store = dynamic_cast<Store*>(impl);
   if (store == nullptr) reportMissingStore("getImpl");
   return store;

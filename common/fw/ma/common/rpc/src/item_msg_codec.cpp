@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 namespace ma {
@@ -210,14 +211,39 @@ namespace {
 // ---------------------------------------------------------------------------
 // Kind steps
 
+// An item of exactly the kind's class (as the library makes them) is
+// recognised by its type alone; only for another class is the hierarchy
+// searched.
 template <class Kind>
 bool isInstance(ItemInfo const& item) {
-  return dynamic_cast<Kind const*>(&item) != nullptr;
+  return typeid(item) == typeid(Kind) || dynamic_cast<Kind const*>(&item) != nullptr;
+}
+
+// Every field of the table in turn, written out by the compiler: each
+// field's writer is called directly (and inlined), not through the table.
+template <std::size_t... Field>
+void fillInfoFields(ItemInfo const& item, unsigned char* info, std::index_sequence<Field...>) {
+  (kInfoFields[Field].write(item, info + kInfoFields[Field].offset), ...);
 }
 
 // fillItemMsgInfo: the common block from the item's getters.
 void fillItemMsgInfo(ItemInfo const& item, unsigned char* info) {
-  for (const InfoField& field : kInfoFields) field.write(item, info + field.offset);
+  fillInfoFields(item, info, std::make_index_sequence<kInfoFieldCount>());
+}
+
+// The fields with setters in table order, each setter's reader called
+// directly as above.
+template <std::size_t Field>
+void readInfoField(unsigned char const* info, ItemInfo& item, std::string& scratch) {
+  if constexpr (kInfoFields[Field].read != nullptr) {
+    kInfoFields[Field].read(info + kInfoFields[Field].offset, item, scratch);
+  }
+}
+
+template <std::size_t... Field>
+void readInfoFields(unsigned char const* info, ItemInfo& item, std::string& scratch,
+                    std::index_sequence<Field...>) {
+  (readInfoField<Field>(info, item, scratch), ...);
 }
 
 void fillVideo(ItemInfo const& item, unsigned char* payload) {
@@ -236,9 +262,7 @@ boost::shared_ptr<ItemInfo> buildItemFromMsgInfo(unsigned char const* info) {
   loadStringInto(info + offsetof(itemMsgMaItemInfo_t, caption), scratch);
   boost::shared_ptr<Kind> item(
       new Kind(scratch, loadString(info + offsetof(itemMsgMaItemInfo_t, uuid))));
-  for (const InfoField& field : kInfoFields) {
-    if (field.read != nullptr) field.read(info + field.offset, *item, scratch);
-  }
+  readInfoFields(info, *item, scratch, std::make_index_sequence<kInfoFieldCount>());
   return item;
 }
 

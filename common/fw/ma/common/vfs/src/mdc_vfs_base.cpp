@@ -4,6 +4,7 @@
 #include "ma/mdc_vfs_base.h"
 
 #include <cctype>
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -116,63 +117,144 @@ int VfsEntry::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::string& r
   return kPartNotUnderstood;
 }
 
+namespace {
+
+// What the five-argument resolvePath() reports beside the entry named: the
+// entry whose step produced it and the resolved path as it stood when the
+// walk reached that entry. The one-argument form reports neither, so its
+// walk keeps neither (no copy of the resolved path per level).
+struct WalkTrail {
+  boost::shared_ptr<VfsEntry>& parent;
+  std::string& resultPath;
+};
+
+// The working strings of a walk: the two buffers in which the remaining
+// path and the next step's rest take turns, and the resolved path.
+struct WalkStrings {
+  std::string buffers[2];
+  std::string resolvedPath;
+};
+
+// Strings longer than the short-string buffer would be allocated afresh for
+// every walk of a long path. Each thread keeps one set instead, whose storage
+// is reused from walk to walk (it holds about the longest path the thread
+// resolved, until the thread ends). A walk that starts while another one is
+// under way on the same thread (a step that resolves a path itself) uses a
+// set of its own, as does a walk of a short path (nothing to reuse there)
+// and one of a path longer than kMaxReusedPath (so that one huge path does
+// not keep its storage for the rest of the thread's life).
+constexpr std::size_t kMaxReusedPath = 1024;
+
+struct ThreadWalkStrings {
+  WalkStrings strings;
+  bool lent = false;
+};
+thread_local ThreadWalkStrings t_walkStrings;
+
+// The set of strings one walk uses, emptied; the thread's set is lent while
+// the walk lasts.
+class WalkStringsLoan {
+ public:
+  // `reuse`: whether the walk may borrow the thread's set.
+  explicit WalkStringsLoan(bool reuse)
+      : m_thread(reuse && !t_walkStrings.lent ? &t_walkStrings : nullptr) {
+    if (m_thread != nullptr) {
+      m_thread->lent = true;
+      m_thread->strings.resolvedPath.clear();
+    }
+  }
+  WalkStringsLoan(WalkStringsLoan const&) = delete;
+  WalkStringsLoan& operator=(WalkStringsLoan const&) = delete;
+  ~WalkStringsLoan() {
+    if (m_thread != nullptr) m_thread->lent = false;
+  }
+
+  WalkStrings& strings() { return m_thread != nullptr ? m_thread->strings : m_own; }
+
+ private:
+  ThreadWalkStrings* m_thread;  // the thread's set, or null for m_own
+  WalkStrings m_own;
+};
+
+// The walk of both resolvePath() forms from `current` (the starting entry,
+// already shared), one step per part; `trail` is null when the caller does
+// not want it. Returns 0 with `result` set, or kPathNotResolved.
+int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
+             std::string const& query, boost::shared_ptr<VfsEntry>& result, WalkTrail* trail) {
+  if (path.empty()) {
+    result = std::move(current);
+    if (trail != nullptr) {
+      trail->resultPath.clear();
+      trail->parent.reset();
+    }
+    return 0;
+  }
+  // The remaining path is `path` itself until the first step leaves a rest;
+  // the steps take it by value, so it is not copied here. After that it is
+  // the previous step's rest: two buffers take turns as the remaining path
+  // and the next step's rest (each keeps its storage for the whole walk).
+  const bool longPath = path.size() >= 16;  // past the short-string buffer
+  WalkStringsLoan loan(longPath && path.size() <= kMaxReusedPath);
+  std::string* const buffers = loan.strings().buffers;
+  std::string const* remaining = &path;
+  std::string* rest = &buffers[0];
+  // What the steps append, shared by the whole walk.
+  std::string& resolvedPath = loan.strings().resolvedPath;
+  std::string parentPath;  // resolvedPath as it stood when `current` was reached
+  if (longPath) {          // grow once, not per step
+    resolvedPath.reserve(2 * path.size());
+    if (trail != nullptr) parentPath.reserve(2 * path.size());
+  }
+  boost::shared_ptr<VfsEntry> previous;  // whose step reached `current`; empty at the start
+  for (;;) {
+    MA_TRACE_AT(kVfsCalls, 240, "resolvePath", "Resolving path part \"%s\" childTotal = \"%s\"... \n",
+                remaining->c_str(), resolvedPath.c_str());
+    // Fresh outputs for every step, so that a step which leaves them alone
+    // fails (no child) or ends the walk (no rest) instead of looping.
+    boost::shared_ptr<VfsEntry> child;
+    rest->clear();
+    const int status = current->resolvePathPart(child, *rest, resolvedPath, *remaining, query);
+    if (status < 0 || !child) {
+      MA_TRACE_AT(kVfsFailures, 246, "resolvePath",
+                  "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
+                  remaining->c_str(), status);
+      // Without a previous entry the caller's value stays.
+      if (trail != nullptr && previous) trail->parent = std::move(previous);
+      return kPathNotResolved;
+    }
+    if (rest->empty()) {
+      result = std::move(child);
+      if (trail != nullptr) {
+        trail->resultPath = std::move(parentPath);
+        trail->parent = std::move(current);
+      }
+      return 0;
+    }
+    if (trail != nullptr) {
+      previous = std::move(current);
+      parentPath = resolvedPath;
+    }
+    current = std::move(child);
+    remaining = rest;
+    rest = rest == &buffers[0] ? &buffers[1] : &buffers[0];
+  }
+}
+
+}  // namespace
+
 boost::shared_ptr<VfsEntry> VfsEntry::resolvePath(std::string path) {
+  // The same walk as the five-argument form with an empty query, without
+  // the parent and its path, which this form does not report.
   boost::shared_ptr<VfsEntry> result;
-  std::string resultPath;
-  boost::shared_ptr<VfsEntry> parent;
-  if (resolvePath(result, resultPath, parent, std::move(path), std::string()) < 0) result.reset();
+  if (walkPath(shared_from_this(), path, std::string(), result, nullptr) < 0) result.reset();
   return result;
 }
 
 int VfsEntry::resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resultPath,
                           boost::shared_ptr<VfsEntry>& parent, std::string path,
                           std::string query) {
-  boost::shared_ptr<VfsEntry> current = shared_from_this();
-  if (path.empty()) {
-    result = current;
-    resultPath.clear();
-    parent.reset();
-    return 0;
-  }
-  // The remaining path is `path` itself until the first step leaves a rest;
-  // the steps take it by value, so it is not copied here.
-  std::string const* remaining = &path;
-  std::string rest;          // a step's rest; becomes the remaining path
-  std::string restPath;      // the remaining path after the first step
-  std::string resolvedPath;  // what the steps append, shared by the whole walk
-  std::string parentPath;    // resolvedPath as it stood when `current` was reached
-  if (path.size() >= 16) {   // past the short-string buffer: grow once, not per step
-    resolvedPath.reserve(2 * path.size());
-    parentPath.reserve(2 * path.size());
-  }
-  boost::shared_ptr<VfsEntry> previous;  // whose step reached `current`; empty at the start
-  for (;;) {
-    MA_TRACE_AT(kVfsCalls, 240, __func__, "Resolving path part \"%s\" childTotal = \"%s\"... \n",
-                remaining->c_str(), resolvedPath.c_str());
-    // Fresh outputs for every step, so that a step which leaves them alone
-    // fails (no child) or ends the walk (no rest) instead of looping.
-    boost::shared_ptr<VfsEntry> child;
-    rest.clear();
-    const int status = current->resolvePathPart(child, rest, resolvedPath, *remaining, query);
-    if (status < 0 || !child) {
-      MA_TRACE_AT(kVfsFailures, 246, __func__,
-                  "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
-                  remaining->c_str(), status);
-      if (previous) parent = std::move(previous);  // else the caller's value stays
-      return kPathNotResolved;
-    }
-    if (rest.empty()) {
-      result = std::move(child);
-      resultPath = parentPath;
-      parent = std::move(current);
-      return 0;
-    }
-    previous = std::move(current);
-    current = std::move(child);
-    restPath.swap(rest);
-    remaining = &restPath;
-    parentPath = resolvedPath;
-  }
+  WalkTrail trail = {parent, resultPath};
+  return walkPath(shared_from_this(), path, query, result, &trail);
 }
 
 // ---------------------------------------------------------------------------

@@ -71,7 +71,12 @@ long parseIndex(char const* text, char** end) {
   constexpr int kSafeDigits = 9;
   long value = 0;
   char const* at = text;
-  while (at - text < kSafeDigits && *at >= '0' && *at <= '9') value = value * 10 + (*at++ - '0');
+  char const* const limit = text + kSafeDigits;
+  unsigned digit = 0;
+  while (at != limit && (digit = static_cast<unsigned char>(*at) - unsigned{'0'}) <= 9) {
+    value = value * 10 + static_cast<long>(digit);
+    ++at;
+  }
   if (at != text && !(*at >= '0' && *at <= '9')) {
     *end = const_cast<char*>(at);
     return value;
@@ -405,7 +410,10 @@ int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::str
   // The base step understands the empty part and queries (parts that begin
   // with a letter); it declines anything else without looking further, so
   // it is asked only about those (which spares it copies of both texts).
-  if (path.empty() || std::isalpha(static_cast<unsigned char>(path[0]))) {
+  // "$" and digits, with which child paths begin, are letters in no locale:
+  // for them the classification is not asked.
+  const unsigned char first = path.empty() ? 0 : static_cast<unsigned char>(path[0]);
+  if (path.empty() || (first != '$' && !(first >= '0' && first <= '9') && std::isalpha(first))) {
     const int understood = VfsEntry::resolvePathPart(child, rest, partInfo, path, query);
     if (understood >= 0) return understood;
   }
@@ -415,22 +423,30 @@ int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::str
   // leading "$" (all messages show that text), `separator` the next "$"
   // or the end. An empty part never gets here: the base step names this
   // folder for it.
-  char const* const part = path.c_str() + (path[0] == '$' ? 1 : 0);
+  char const* const part = path.c_str() + (first == '$' ? 1 : 0);
   char const* const partEnd = path.c_str() + path.size();
-  char const* separator =
-      static_cast<char const*>(std::memchr(part, '$', static_cast<std::size_t>(partEnd - part)));
-  if (separator == nullptr) separator = partEnd;
+  // The index text ends at `separator`, where any number ends as well, so
+  // the number is read from `part` itself, before the separator is sought;
+  // an empty index text (the part is "$", or "$" follows at once) is not
+  // read at all. errno is deliberately not cleared first: an ERANGE left
+  // over from earlier makes an index at a 32-bit limit fail as unparsable.
+  char* end = nullptr;
+  const bool noIndex = part == partEnd || *part == '$';
+  const long position = noIndex ? 0 : parseIndex(part, &end);
+  // No "$" comes before the number's end: the search starts there (at once
+  // done for a number followed by "$" or the end, as in child paths).
+  char const* separator = noIndex ? part : end;
+  if (separator != partEnd && *separator != '$') {
+    separator = static_cast<char const*>(
+        std::memchr(separator, '$', static_cast<std::size_t>(partEnd - separator)));
+    if (separator == nullptr) separator = partEnd;
+  }
   if (separator == part) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Invalid path: \"%s\".\n", part);
     return kPathNotResolved;
   }
-  // The index text ends at `separator`, where any number ends as well, so
-  // the number is read from `part` itself. errno is deliberately not
-  // cleared first: an ERANGE left over from earlier makes an index at a
-  // 32-bit limit fail as unparsable.
-  char* end = nullptr;
-  const long position = parseIndex(part, &end);
-  if (errno == ERANGE && (position == INT_MAX || position == INT_MIN)) {
+  // A value at a 32-bit limit is rare: errno is read only then.
+  if ((position == INT_MAX || position == INT_MIN) && errno == ERANGE) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__, "Error parsing number in path part \"%s\" #1.\n",
                 part);
     return kPathNotResolved;
@@ -440,8 +456,14 @@ int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::str
                 part);
     return kPathNotResolved;
   }
-  partInfo += '$';
-  partInfo.append(part, static_cast<std::size_t>(end - part));  // blanks, sign too
+  // "$" and the consumed characters (blanks, sign too): in one append when
+  // the part itself began with that "$".
+  if (part != path.c_str()) {
+    partInfo.append(part - 1, static_cast<std::size_t>(end - part) + 1);
+  } else {
+    partInfo += '$';
+    partInfo.append(part, static_cast<std::size_t>(end - part));
+  }
   if (position < 0 || position >= static_cast<long>(m_children.size())) {
     MA_TRACE_AT(kVfsFailures, __LINE__, __func__,
                 "Path: \"%s\" with path part \"%s\" specifies child that is out of range.\n",
@@ -458,7 +480,11 @@ int VfsFixedFolder::resolvePathPart(boost::shared_ptr<VfsEntry>& child, std::str
         std::string(part, separator), child);
     if (fetched != 0) return fetched;
   }
-  if (separator != partEnd) rest.assign(separator + 1, partEnd);
+  // `rest` is empty here: appending is assigning, without the general
+  // replacement.
+  if (separator != partEnd) {
+    rest.append(separator + 1, static_cast<std::size_t>(partEnd - separator - 1));
+  }
   return 0;
 }
 

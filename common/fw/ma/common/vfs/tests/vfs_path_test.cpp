@@ -351,6 +351,60 @@ TEST(VfsPathTest, OneArgumentFormPassesAnEmptyQuery) {
   EXPECT_THAT(entry->seen, ElementsAre("p||"));
 }
 
+// An entry whose step first resolves a path of its own below `inner` (a
+// walk inside the walk, on the same thread), then names `next` and leaves
+// what follows its part as the rest.
+class NestingStepEntry : public BrowsableEntry {
+ public:
+  NestingStepEntry(FolderPtr inner, std::string innerPath, EntryPtr next)
+      : m_inner(inner), m_innerPath(innerPath), m_next(next) {}
+
+  int resolvePathPart(EntryPtr& child, std::string& rest, std::string& resolvedPath,
+                      std::string path, std::string /*query*/) override {
+    innerResult = m_inner->resolvePath(m_innerPath);
+    resolvedPath += "<nest>";
+    child = m_next;
+    rest = path.substr(path.find('$') + 1);
+    return 0;
+  }
+
+  EntryPtr innerResult;  // what the walk inside the walk found
+
+ private:
+  FolderPtr m_inner;
+  std::string m_innerPath;
+  EntryPtr m_next;
+};
+
+TEST(VfsPathTest, AWalkInsideAStepLeavesTheOuterWalkIntact) {
+  // Both paths are longer than a short string, so that each walk keeps its
+  // working strings apart from the other's.
+  FolderPtr inner = makeFolder("level 0");
+  FolderPtr deepest = inner;
+  for (int level = 1; level < 8; ++level) {
+    FolderPtr below = makeFolder("level " + std::to_string(level));
+    deepest->addEntry(below);
+    deepest = below;
+  }
+  deepest->addEntry(makeLeaf("inner leaf"));
+  FolderPtr target = makeFolderOf({"a", "b"});
+  boost::shared_ptr<NestingStepEntry> nesting(
+      new NestingStepEntry(inner, "$0$0$0$0$0$0$0$0", target));
+  FolderPtr root = makeFolder("root");
+  root->addEntry(nesting);
+
+  Walk walk;
+  EXPECT_EQ(0, walk.run(*root, "$0$skip-this-part$1"));
+  EXPECT_EQ("b", captionOf(walk.result));
+  EXPECT_EQ(target, walk.parent);
+  EXPECT_EQ("$0<nest>", walk.resultPath);
+  EXPECT_EQ("inner leaf", captionOf(nesting->innerResult));
+
+  nesting->innerResult.reset();
+  EXPECT_EQ("b", captionOf(root->resolvePath("$0$skip-this-part$1")));
+  EXPECT_EQ("inner leaf", captionOf(nesting->innerResult));
+}
+
 TEST(VfsPathTest, UnownedEntryThrowsBadWeakPtrFromEveryForm) {
   ma::VfsFixedEntry leaf(makeItem("leaf"), boost::shared_ptr<ma::VfsUserData>());
   EXPECT_THROW(leaf.resolvePath(""), boost::bad_weak_ptr);

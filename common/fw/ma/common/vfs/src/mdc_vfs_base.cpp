@@ -4,7 +4,6 @@
 #include "ma/mdc_vfs_base.h"
 
 #include <cctype>
-#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -128,54 +127,6 @@ struct WalkTrail {
   std::string& resultPath;
 };
 
-// The working strings of a walk: the two buffers in which the remaining
-// path and the next step's rest take turns, and the resolved path.
-struct WalkStrings {
-  std::string buffers[2];
-  std::string resolvedPath;
-};
-
-// Strings longer than the short-string buffer would be allocated afresh for
-// every walk of a long path. Each thread keeps one set instead, whose storage
-// is reused from walk to walk (it holds about the longest path the thread
-// resolved, until the thread ends). A walk that starts while another one is
-// under way on the same thread (a step that resolves a path itself) uses a
-// set of its own, as does a walk of a short path (nothing to reuse there)
-// and one of a path longer than kMaxReusedPath (so that one huge path does
-// not keep its storage for the rest of the thread's life).
-constexpr std::size_t kMaxReusedPath = 1024;
-
-struct ThreadWalkStrings {
-  WalkStrings strings;
-  bool lent = false;
-};
-thread_local ThreadWalkStrings t_walkStrings;
-
-// The set of strings one walk uses, emptied; the thread's set is lent while
-// the walk lasts.
-class WalkStringsLoan {
- public:
-  // `reuse`: whether the walk may borrow the thread's set.
-  explicit WalkStringsLoan(bool reuse)
-      : m_thread(reuse && !t_walkStrings.lent ? &t_walkStrings : nullptr) {
-    if (m_thread != nullptr) {
-      m_thread->lent = true;
-      m_thread->strings.resolvedPath.clear();
-    }
-  }
-  WalkStringsLoan(WalkStringsLoan const&) = delete;
-  WalkStringsLoan& operator=(WalkStringsLoan const&) = delete;
-  ~WalkStringsLoan() {
-    if (m_thread != nullptr) m_thread->lent = false;
-  }
-
-  WalkStrings& strings() { return m_thread != nullptr ? m_thread->strings : m_own; }
-
- private:
-  ThreadWalkStrings* m_thread;  // the thread's set, or null for m_own
-  WalkStrings m_own;
-};
-
 // The walk of both resolvePath() forms from `current` (the starting entry,
 // already shared), one step per part; `trail` is null when the caller does
 // not want it. Returns 0 with `result` set, or kPathNotResolved.
@@ -193,15 +144,12 @@ int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
   // the steps take it by value, so it is not copied here. After that it is
   // the previous step's rest: two buffers take turns as the remaining path
   // and the next step's rest (each keeps its storage for the whole walk).
-  const bool longPath = path.size() >= 16;  // past the short-string buffer
-  WalkStringsLoan loan(longPath && path.size() <= kMaxReusedPath);
-  std::string* const buffers = loan.strings().buffers;
+  std::string buffers[2];
   std::string const* remaining = &path;
   std::string* rest = &buffers[0];
-  // What the steps append, shared by the whole walk.
-  std::string& resolvedPath = loan.strings().resolvedPath;
-  std::string parentPath;  // resolvedPath as it stood when `current` was reached
-  if (longPath) {          // grow once, not per step
+  std::string resolvedPath;  // what the steps append, shared by the whole walk
+  std::string parentPath;    // resolvedPath as it stood when `current` was reached
+  if (path.size() >= 16) {   // past the short-string buffer: grow once, not per step
     resolvedPath.reserve(2 * path.size());
     if (trail != nullptr) parentPath.reserve(2 * path.size());
   }

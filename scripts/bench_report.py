@@ -199,7 +199,7 @@ def main():
                   "against the library as it was before its hot paths were brought to their "
                   "floors (%s)." % os.environ.get("BENCH_BASELINE_NAME", "the baseline run"), ""]
     verdicts = []
-    for scenario, spec in SCENARIOS.items():
+    for scenario, scenario_info in SCENARIOS.items():
         args = sorted(set(times.get(scenario, {})) | set(instructions.get(scenario, {})))
         if not args:
             continue
@@ -209,11 +209,11 @@ def main():
         others = sorted(present - set(ours))
         variants = ours + others
         pairs = [(o, b) for o in ours for b in others]
-        lines += ["## " + spec["title"], "", spec["note"], ""]
+        lines += ["## " + scenario_info["title"], "", scenario_info["note"], ""]
         header = ["N"] + ["%s instr" % v for v in variants]
         if baseline is not None:
             header.append("ours before instr")
-            header.append("%s before instr" % (spec["target"][0] if spec.get("target") else "-"))
+            header.append("%s before instr" % (scenario_info["target"][0] if scenario_info.get("target") else "-"))
         header += ["%s / %s instr" % pair for pair in pairs]
         header += ["%s ns" % v for v in variants] + ["%s / %s time" % pair for pair in pairs]
         lines.append("| " + " | ".join(header) + " |")
@@ -224,14 +224,14 @@ def main():
             row = [str(arg)] + [fmt(inst.get(v)) for v in variants]
             if baseline is not None:
                 row.append(fmt(baseline.get(scenario, {}).get(arg, {}).get("ours")))
-                row.append(fmt(baseline.get(scenario, {}).get(arg, {}).get(spec["target"][0]))
-                           if spec.get("target") else "-")
+                row.append(fmt(baseline.get(scenario, {}).get(arg, {}).get(scenario_info["target"][0]))
+                           if scenario_info.get("target") else "-")
             row += [fmt(inst[o] / inst[b]) if o in inst and inst.get(b) else "-"
                     for o, b in pairs]
             row += [fmt(tim.get(v)) for v in variants]
             row += [fmt(tim[o] / tim[b]) if o in tim and tim.get(b) else "-" for o, b in pairs]
             lines.append("| " + " | ".join(row) + " |")
-            goals = [g for g in (spec.get("target"), spec.get("also")) if g and g[1] is not None]
+            goals = [g for g in (scenario_info.get("target"), scenario_info.get("also")) if g and g[1] is not None]
             before = baseline.get(scenario, {}).get(arg, {}) if baseline is not None else {}
             for o in ours:
                 for against, limit in goals:

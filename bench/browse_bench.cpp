@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Browsing through the synchronous twins of the iterator: lookup by
 // identifier, a full walk and paging, each beside its floor.
 //

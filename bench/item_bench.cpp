@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The item record's everyday operations: construction, copy, trimmed set,
 // comparison and text dump.
 #include <benchmark/benchmark.h>

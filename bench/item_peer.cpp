@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The peer's two conversions: a video item into the protobuf message and
 // back, field by field through the same accessors the library uses.
 // Generated once from the item field list; keep it in step with it.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The protobuf peer of the item message: a video item's fields in a
 // protobuf message (item_peer.proto), and the conversions both ways.
 #ifndef MA_BENCH_ITEM_PEER_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Heap bytes per leaf of a fixed folder: the leaf entry, its video record
 // (facade and field store) and the shared owners' control blocks, counted
 // from the allocations themselves and printed beside the sizeof of each

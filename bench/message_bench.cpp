@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The item message round trip of a fully populated video item, and each
 // direction alone, beside the floor of what the message needs at the least
 // (one malloc + copy + free per string, an item built with the same setters)

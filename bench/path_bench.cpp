@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Path resolution ("$i$j...") of depth 1 to 8 in a tree of fan-out 1,000,
 // beside its floor: parsing each index with strtol and indexing the child
 // vector.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Sorted iteration of a fixed folder (getSortedIterator() and a walk of the
 // result) by "+dc:title", "-dc:title" and date, beside its floor: the keys
 // already extracted as (key, position) pairs, sorted, the child pointers

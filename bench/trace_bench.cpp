@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The cost of the closed trace gate: a synchronous walk of a folder with the
 // platform's level check as it is (every call-tracing line checked and
 // refused) against the same walk with the level check stubbed out.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Building a folder: addEntry() of N leaves, each with a video record,
 // beside the floor of making the same leaves and keeping them in a vector.
 #include <memory>

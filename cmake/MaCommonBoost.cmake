@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Provides Boost::headers. The library uses header-only parts of Boost
 # (shared_ptr, enable_shared_from_this, function) and links no Boost binary.
 #

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Installs the library, its headers, a CMake package (ma-common-config.cmake
 # with a version file, target ma-common::ma-common) and a pkg-config file.
 #

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Debian packages of the installed files, made by CPack, one package per
 # install component (cmake/MaCommonInstall.cmake):
 #

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Applies MA_COMMON_SANITIZE to everything built in this tree, tests included,
 # so that instrumented and uninstrumented code never mix.
 if(MA_COMMON_FUZZ)

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ma_common_add_subsystem(SOURCES <files...>)
 # Adds one subsystem to the library: its sources (relative to the calling
 # folder) and its public header folder `include/`, which is also installed

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # GoogleTest from Debian's sources, built with this tree's compiler and flags,
 # so that the same tests run on the host, under the sanitizers and on the
 # target under qemu.

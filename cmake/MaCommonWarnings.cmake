@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ma_common_set_warnings(<target>): the project's warning set for <target>.
 function(ma_common_set_warnings target)
   target_compile_options(${target} PRIVATE

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Delivery systems from any 32-bit bit set and any 32-bit value.
 //
 // The first four input bytes are a bit set, the next four a value (any

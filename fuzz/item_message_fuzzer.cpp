@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Item messages from arbitrary content.
 //
 // The input becomes one message as another process could send it: a kind

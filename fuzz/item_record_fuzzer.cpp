@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Item records built by arbitrary scripts of setter calls.
 //
 // The first byte picks one of the nine kinds; caption and identifier come

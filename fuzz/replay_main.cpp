@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Runs a fuzz target over files: each argument is a file or a folder of
 // files, and each file is one input. Used where libFuzzer is not.
 #include <cstdint>

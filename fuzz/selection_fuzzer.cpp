@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Selection URIs on arbitrary input.
 //
 // Parse: a text (up to its first NUL) without "//" right behind its first

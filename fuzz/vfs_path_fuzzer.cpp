@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Path resolution through a fixed tree on arbitrary input.
 //
 // The first bytes shape a small tree (how many children each folder has,

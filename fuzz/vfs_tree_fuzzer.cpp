@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // A fixed folder driven by an arbitrary script, checked against a model.
 //
 // Each step of the input is one operation on one folder: add a leaf, a

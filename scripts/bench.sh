@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Runs the benchmark suite and writes bench/RESULTS.md and bench/scaling.png:
 #   1. every scenario program of the host-release build under Google
 #      Benchmark (wall-clock time; noisy on a shared machine);

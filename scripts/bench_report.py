@@ -1,4 +1,7 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+
 """Writes bench/RESULTS.md and the scaling plot from the outputs of
 scripts/bench.sh: Google Benchmark JSON files, callgrind dumps with their
 case lists, and the heap-bytes-per-leaf program's output.

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Runs every fuzz target of fuzz/ as a libFuzzer program (the `fuzz` preset:
 # clang, ASan+UBSan) for a bounded time, each on a scratch copy of its
 # corpus, and prints the executions per target. A finding stops the target

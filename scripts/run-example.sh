@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Builds the library and its inspection tool on the host and runs ma-cli
 # without arguments: a walk through the built-in sample receiver catalogue
 # (tree, sorting, path resolution, an item message, a selection URI,

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Installs the Debian packages the build and the tests need. Idempotent, and
 # quiet when everything is already there.
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # The long forms of the robustness tests: the browse-session soak (a folder
 # of 10,000 children, more than a million operations, resident memory
 # compared after the first round and at the end) and the concurrency stress

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Builds and runs the whole test suite: on the host (debug, ASan+UBSan, TSan,
 # valgrind), on the ARM target under qemu-arm, and every fuzz target for a
 # few seconds (scripts/fuzz.sh runs them longer); then builds the benchmarks

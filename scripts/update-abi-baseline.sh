@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Rewrites tests/abi/libma-common.so.1.armhf.abi, the type-level ABI of the
 # ARM library that the abi_baseline test compares every `arm` build with.
 # Run it only when a change of the binary interface is intended (and the

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Runs every test program of the host debug build under valgrind's memcheck:
 # no invalid access, no uninitialised read, no leak beyond the suppressed
 # blocks that the library keeps on purpose.

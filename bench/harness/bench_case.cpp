@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The benchmark programs' main(): registers the cases with Google Benchmark,
 // or runs them under callgrind's client requests, or once each (smoke).
 #include "bench_case.h"

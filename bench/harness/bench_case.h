@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The benchmark harness: every measured operation is written once, as a
 // case, and measured three ways by the same program:
 //

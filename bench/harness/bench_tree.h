@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Trees the VFS benchmarks walk: folders of leaves with video records whose
 // captions, identifiers and dates come from a fixed seed.
 #ifndef MA_BENCH_BENCH_TREE_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The lower limit of sorting by a 64-bit key: a least-significant-digit
 // radix sort, byte by byte, skipping the bytes in which all keys agree.
 // Stable: elements with equal keys keep their order.

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Cross build for the receiver: 32-bit ARM, hard-float, Debian's toolchain.
 # Test programs run under qemu-arm with the toolchain's own sysroot.
 set(CMAKE_SYSTEM_NAME Linux)

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Browsing the sample tree: the asynchronous iterator operations, their
 // synchronous twins, and sorted iteration.
 #include <boost/shared_ptr.hpp>

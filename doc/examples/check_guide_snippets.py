@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+
 """Checks that every C++ block of the user guide is a region of a program the tests run.
 
 Usage: check_guide_snippets.py GUIDE FOLDER...

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Delivery systems: from a tuner's bit set to one system and its class.
 #include <string>
 

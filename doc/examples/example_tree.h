@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // What the guide's example programs share: a check that ends the program on
 // a wrong answer, and the sample tree that most of them browse.
 //

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Item records: the kinds, setters that trim and setters that do not, a
 // record without field store, copies.
 #include <boost/shared_ptr.hpp>

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Sending an item record to another process: record to message, message
 // through the platform's serialiser, message back to a record.
 //

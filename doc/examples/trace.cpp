@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The debug trace: which lines are written, and turning a module up. On the
 // device the platform's debug configuration sets the levels; on the host the
 // stand-in platform library has a threshold per module (zel/zel_standin.h).

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Builds one item record of each of the nine kinds, fills the fields that
 // describe it, and prints each record's text dump, a copy check and the
 // comparison of the record with its duplicate.

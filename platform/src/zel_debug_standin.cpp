@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Stand-in of the receiver's debug trace: a threshold per module, lines to
 // stderr, and a capture that tests read back.
 //

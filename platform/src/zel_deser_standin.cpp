@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Stand-in of the serialiser's description of its counted string.
 #include "zel/zel_deser.h"
 

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Stand-in of the platform's table-walking serialiser: description check,
 // flattening, rebuilding, byte-order swap and release.
 #include "zel/zel_standin_serialiser.h"

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The serialiser stand-in: description check, flatten, rebuild, swap, free.
 #include <gtest/gtest.h>
 

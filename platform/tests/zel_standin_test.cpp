@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The platform stand-in: level gate, capture, and the string description.
 #include <gtest/gtest.h>
 

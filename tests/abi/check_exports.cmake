@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ctest -P script: compares the demangled dynamic symbols of LIBRARY (read
 # with NM) with the list in EXPECTED. Every listed name must be defined and
 # exported; no name of an anonymous namespace may be.

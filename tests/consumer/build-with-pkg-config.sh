@@ -1,4 +1,7 @@
 #!/bin/sh
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Builds the consumer in folder <work> with the compiler $CXX and the flags
 # that pkg-config gives for the installed library: the command line of the
 # user guide.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // A client of the installed library, as a media service uses it: dumps a
 // folder record, and finds a recording in a fixed folder by its path. Exits 1
 // when the installed library answers otherwise.

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ctest -P script: installs the build into a scratch root, then builds the
 # consumer against it and runs it (a cross build's under the emulator).
 #   -DBUILD_DIR=<library build> -DSOURCE_DIR=<this folder> -DWORK_DIR=<scratch>

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ctest -P script: lists the macros that the installed headers leave visible
 # to a client and fails on any that is not allowed below.
 #   -DBUILD_DIR=<library build> -DWORK_DIR=<scratch> -DCXX=<C++ compiler>

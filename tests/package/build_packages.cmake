@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ctest -P script: makes the Debian packages of a build into an empty folder.
 #   -DCPACK_COMMAND=<cpack> -DCONFIG=<build>/CPackConfig.cmake -DOUTPUT_DIR=<folder>
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")

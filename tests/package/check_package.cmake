@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ctest -P script: checks one Debian package with dpkg-deb and readelf.
 #   -DDPKG_DEB=<dpkg-deb> -DREADELF=<readelf of the target> -DDEB=<package file>
 #   -DPACKAGE=<name> -DARCHITECTURE=<Debian architecture>

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # run_checked(<what> <out-var> <command> [<arg>...]), for ctest -P scripts:
 # runs the command and sets <out-var> to its standard output; when the
 # command fails, stops the script with <what>, the exit status and the

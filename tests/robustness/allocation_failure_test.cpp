@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Allocation failure everywhere: each operation below runs once with its
 // first allocation failing, once with its second failing, and so on, until
 // a run completes without reaching the failing allocation. Every run whose

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Soak: a long browse session in one process. A folder of 10,000 children
 // is walked, sorted three ways, resolved child by child and by identifier,
 // changed (a hundred children removed and added again) and every record is

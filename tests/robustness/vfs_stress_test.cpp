@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Concurrency stress, meant for ThreadSanitizer above all: eight threads
 // mixing every folder operation on one folder; readers and writers of one
 // recorder user data; and the synchronous twins driven against an

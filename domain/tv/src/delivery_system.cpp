@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Delivery systems: selection from a bit set, table look-ups, predicates.
 #include "zu/domain/tv/delivery_system.h"
 

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Delivery systems: selection from bit sets, look-ups, predicates and names,
 // checked against the table of delivery systems written out below.
 #include "zu/domain/tv/delivery_system.h"

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The receiver's debug trace, as the library calls it.
 //
 // A trace line belongs to a category word, module * 65536 + level. A caller

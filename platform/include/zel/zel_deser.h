@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The receiver's serialiser: the counted string that messages carry, and the
 // endian description objects through which the serialiser walks a message to
 // swap its byte order and to follow its references.

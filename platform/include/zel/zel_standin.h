@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Test controls of the platform stand-in. Only the stand-in library has
 // these; a device build links the real platform library instead.
 //

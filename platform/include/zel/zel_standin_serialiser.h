@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Stand-in of the platform's table-walking serialiser.
 //
 // The platform moves a message between processes by walking the message's

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+
 #include "ma_test/allocation_watch.h"
 
 #include <cstdlib>

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Measures how fast ma-cli scans a directory of 100,000 files (100 folders
 # of 1,000, a quarter of them one level deeper, ten extensions) and prints
 # the sorted tree, against `find DIR | sort` and against find printing the

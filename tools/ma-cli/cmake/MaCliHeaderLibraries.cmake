@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Provides CLI11::CLI11 (argument parsing) and nlohmann_json::nlohmann_json
 # (the --json output): header-only libraries from Debian's packages
 # libcli11-dev and nlohmann-json3-dev.

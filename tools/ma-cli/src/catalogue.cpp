@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Walks over a catalogue: children in list and sorted order, positional
 // paths, path resolution with the library's trace.
 #include "catalogue.h"

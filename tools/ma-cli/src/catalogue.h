@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // A catalogue: the fixed tree the tool works on (the built-in sample or a
 // scanned directory), and the walks every command makes over it.
 //

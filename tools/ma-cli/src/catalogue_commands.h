@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The catalogue commands: tree, resolve and dump, and the pieces of their
 // output that the default walk shows too.
 //

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The walk through the sample catalogue that ma-cli prints when started
 // without arguments: the tree, one folder in each sort order, path
 // resolution (a positional path, an identifier query, a failure), one item

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // dsys: parsing a bit set and classifying it.
 #include "delivery_commands.h"
 

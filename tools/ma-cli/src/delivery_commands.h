@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // dsys: a tuner's delivery-system bit set, classified by the library.
 #ifndef MA_CLI_DELIVERY_COMMANDS_H_
 #define MA_CLI_DELIVERY_COMMANDS_H_

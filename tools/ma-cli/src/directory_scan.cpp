@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Directory scan: one opendir per directory, one stat per entry, children
 // sorted by name, symlink loops and unreadable entries left out.
 #include "directory_scan.h"

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Scanning a real directory into a fixed tree.
 //
 // Every directory becomes a folder, every other entry a leaf whose kind

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The tool's error classes: what main() turns into one line on stderr and
 // an exit code.
 #ifndef MA_CLI_ERRORS_H_

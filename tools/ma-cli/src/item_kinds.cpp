@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Kind names, record construction by kind, kind by file extension.
 #include "item_kinds.h"
 

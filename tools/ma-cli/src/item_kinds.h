@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The nine item kinds as the tool names them, and the kind of a file.
 //
 // Thread-safety: stateless functions.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Listing, flattening and reading back the item message.
 #include "item_message.h"
 

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The item message as the tool shows it, and its file form.
 //
 // Listing: the message of an item (ma::rpc::convertMaItem) field by field,

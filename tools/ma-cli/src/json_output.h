@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The --json form of the output: every command builds one JSON document
 // with the same information as its text and prints it here.
 #ifndef MA_CLI_JSON_OUTPUT_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Silencing and recording the library's debug trace through the platform
 // stand-in's controls.
 #include "library_trace.h"

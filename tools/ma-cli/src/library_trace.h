@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The library's debug trace, as the tool handles it.
 //
 // The library writes failure lines (a path step that fails, a URI it

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // ma-cli: looks at the media-access library's data the way the receiver's
 // services see it. Without arguments it walks a built-in sample catalogue;
 // the subcommands do the same jobs on the user's input.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // msg and msg decode: the message an item becomes, and the item a message
 // file carries.
 #ifndef MA_CLI_MESSAGE_COMMANDS_H_

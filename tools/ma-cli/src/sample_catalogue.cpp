@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The built-in sample receiver catalogue.
 #include "sample_catalogue.h"
 

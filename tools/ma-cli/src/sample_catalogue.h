@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The built-in sample: a small receiver catalogue that the tool walks when
 // it is started without arguments, and that every subcommand uses when no
 // directory is given.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Text output of ma-cli: a buffered writer for standard output and the
 // small formatting helpers every command uses.
 //

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # Helpers of the ma-cli test scripts, which run as `cmake -P`. A script is
 # given -DMA_CLI=<tool>, -DEMULATOR=<emulator command, "|"-separated, may be
 # empty>, -DWORK_DIR=<scratch folder> and -DEXPECTED_DIR=<expected outputs>.

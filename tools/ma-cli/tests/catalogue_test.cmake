@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # tree, resolve and dump on the sample catalogue: output, exit codes, the
 # one-line errors of bad input, --json parsed back, --help of each command.
 include("${CMAKE_CURRENT_LIST_DIR}/MaCliTestSupport.cmake")

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # The walk through the sample catalogue: the text output byte for byte
 # against expected/default-walk.txt, at most 80 columns, and its --json form
 # parsed back. Also --version and --help.

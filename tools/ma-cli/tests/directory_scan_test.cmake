@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # tree, resolve, dump and msg on a directory that the test builds: nested
 # folders, every extension class, names with blanks and non-ASCII bytes,
 # an unreadable file and folder, a symlink loop and a dangling link.

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # msg and msg decode: the message of an item of every kind written to a
 # file and read back into the same item; this build's layout in the field
 # table; every damaged file (truncated, corrupted, trailing bytes, no item)

@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # uri create, uri parse and dsys: output, --json, and the one-line errors
 # of bad input.
 include("${CMAKE_CURRENT_LIST_DIR}/MaCliTestSupport.cmake")

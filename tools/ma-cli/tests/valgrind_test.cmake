@@ -1,3 +1,6 @@
+# SPDX-License-Identifier: Apache-2.0
+# Copyright 2026 The libma-common Authors
+#
 # ma-cli under valgrind's memcheck: the sample walk, a scanned directory
 # with a symlink loop, and message files that are truncated or corrupted:
 # no invalid read (in particular none beyond a damaged file's bytes), no

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Test-only control over the allocations of a test program.
 //
 // Linking this helper wraps malloc() and free() (ld --wrap) in every object

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // How long the long-running tests (stress, soak) run where they run.
 //
 // Each such test names a short and a long length. The short one runs in the

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // TraceCapture: collects every trace line written while it lives.
 //
 // While a capture is alive every category passes the level check, and the

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // vtableSlot(&Class::method): the position of a virtual member function in
 // its class's virtual table, counted from 0 (the complete and deleting
 // destructors of a class with a virtual destructor take slots 0 and 1).

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Watchdog: fails a test that hangs instead of letting it hang CI.
 //
 // While a Watchdog lives, a thread of its own waits for it to be destroyed;

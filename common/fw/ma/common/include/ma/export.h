@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// MA_COMMON_EXPORT marks the library's public interface. The library is built
 /// with hidden visibility, so everything not marked stays internal.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The fields of an item record, in declaration order: one row per field.
 //
 // This list is private to the library and its tests (it is not installed).

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The library's debug trace, over the platform's zelDebugOutput0().
 //
 // Every line belongs to a category word, module * 65536 + level, and is

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Comparison of item records: identity, kind, display texts, locator, tuner
 // and channel numbers and recording data, read through the facade getters in
 // a fixed order and stopping at the first difference. Sizes, positions, file

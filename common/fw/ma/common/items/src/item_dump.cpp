@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The text dump of an item record: one line per field that carries
 // information, "<label><value>\n", in a fixed order with fixed labels. The
 // labels are irregular (prefixes, column widths) and are kept as they are:

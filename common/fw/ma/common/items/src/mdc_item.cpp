@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The item record: field store, facade accessors and the nine kinds.
 //
 // The accessors are generated from the library's private field list

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Comparison: which fields take part, in which order, and that it stops at
 // the first difference.
 #include <gtest/gtest.h>

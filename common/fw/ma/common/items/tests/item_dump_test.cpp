@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The text dump: exact labels, the condition of each line, and the order.
 #include <gtest/gtest.h>
 

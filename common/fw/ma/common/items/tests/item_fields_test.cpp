@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Every field of the item record with a facade accessor: its initial value,
 // set and get (trimmed or raw), and the neutral answer and trace line of a
 // record without field store.

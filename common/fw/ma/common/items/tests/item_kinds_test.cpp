@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The nine kinds: construction, copying by dynamic type, duplicate(),
 // getImpl(), the video extras and the store's actor and director slots.
 #include <gtest/gtest.h>

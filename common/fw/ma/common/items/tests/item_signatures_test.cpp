@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Accessor signatures of the field store. Client binaries call them by their
 // mangled names, which depend on the exact parameter and result types and on
 // const-ness; the facade's are pinned by the field table test.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Shared helpers of the item record tests.
 #ifndef MA_ITEMS_TESTS_ITEM_TEST_UTIL_H_
 #define MA_ITEMS_TESTS_ITEM_TEST_UTIL_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The mapping between item records and the item message: the common
 // block's field table, the message kinds and the counted strings.
 #include "item_msg_codec.h"

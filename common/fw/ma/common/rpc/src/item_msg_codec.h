@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // How item records map onto the item message (mdc_item_msg.h).
 //
 // Two tables hold the whole mapping, so that the writer, the reader and the

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The endian descriptions of the item message, read by the platform's
 // serialiser. Entry order, codes and links are part of the message contract;
 // offsets and sizes come from the declarations, so they are right on every

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Item to message, message to item, and release of message content.
 #include "ma/rpc/mdc_item_msg.h"
 

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The item message wrapper: conversions on construction, assignment and
 // destruction.
 #include "ma/mdc_item.h"

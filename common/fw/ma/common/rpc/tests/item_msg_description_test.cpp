@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The message structures and their endian descriptions, proven against the
 // platform's table-walking serialiser (its stand-in).
 #include <dlfcn.h>

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // White-box tests of the item message: the field table's order, the exact
 // allocations and frees, and what happens when an allocation fails.
 #include <gtest/gtest.h>

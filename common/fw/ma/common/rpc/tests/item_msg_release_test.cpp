@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Message release and the item message wrapper. Whether release frees
 // exactly the right blocks is checked by the sanitizers and valgrind here,
 // and by the recorded free() calls in the white-box tests.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Items through messages and back: every kind with distinct values, and
 // seeded random items, directly and through the platform's serialiser.
 #include <gtest/gtest.h>

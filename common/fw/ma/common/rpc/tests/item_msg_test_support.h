@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Helpers of the item message tests: the common block restated member by
 // member, items with every field set, field-by-field comparison, message
 // images that compare string contents instead of pointers, and random items.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Selection URIs: writing and splitting "type://volume/path?parameters".
 #include "ma/mdc_selection_uris.h"
 

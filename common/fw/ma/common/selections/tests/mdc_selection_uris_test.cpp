@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Writing and splitting selection URIs through the library's interface.
 #include "ma/mdc_selection_uris.h"
 

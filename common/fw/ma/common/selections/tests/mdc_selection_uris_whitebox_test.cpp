@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The selection parser's internal steps: the empty-text check, the volume
 // check and everything behind the volume, which the public parse never
 // reaches because its volume string throws first.

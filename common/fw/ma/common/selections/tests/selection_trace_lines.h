@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Captured trace lines of the selection module in a comparable form.
 #ifndef MA_SELECTIONS_TESTS_SELECTION_TRACE_LINES_H_
 #define MA_SELECTIONS_TESTS_SELECTION_TRACE_LINES_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The VFS core: criteria, entries and their attributes, the iterator's
 // synchronous bridge, path resolution, lookup by identifier, and the
 // recorder's user data.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The fixed tree: leaves, folders, the folders' children iterators, sorted
 // iteration, positional path parts and removal.
 #include "ma/mdc_vfs_fixed.h"

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Internal steps of the fixed tree, visible to the white-box tests only (the
 // library does not export them).
 //

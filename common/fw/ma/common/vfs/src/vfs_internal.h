@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // What the two halves of the VFS share internally: result codes and the
 // scoped lock.
 #ifndef MA_VFS_VFS_INTERNAL_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Iterators written for the bridge tests: one that answers at once (once or
 // twice), and one that hands every callback to a worker thread which
 // answers later.

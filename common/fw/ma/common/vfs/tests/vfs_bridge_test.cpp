@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The synchronous twins of the iterator: a semaphore rendezvous over the
 // asynchronous operations, with its trace lines.
 #include <gmock/gmock.h>

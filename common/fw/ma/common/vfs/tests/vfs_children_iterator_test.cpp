@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // A fixed folder's children iterators: the cursor rules, immediate
 // callbacks, trace lines, and misuse.
 #include <gmock/gmock.h>

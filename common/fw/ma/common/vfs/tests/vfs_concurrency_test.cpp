@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Several threads on one folder, on one recorder user data, and the
 // synchronous bridge answered from another thread, many times over.
 // Meant to run under ThreadSanitizer as well.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Search, order and filter criteria: value lists kept in insertion order.
 #include <gtest/gtest.h>
 

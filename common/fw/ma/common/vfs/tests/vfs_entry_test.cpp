@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The abstract entry: its base answers and its attribute map.
 #include <errno.h>
 #include <gtest/gtest.h>

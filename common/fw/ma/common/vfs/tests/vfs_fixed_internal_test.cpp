@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The fixed folder's path step behind its range check, reached through its
 // internal routine: fetching a child from a list that has shrunk meanwhile.
 #include <gmock/gmock.h>

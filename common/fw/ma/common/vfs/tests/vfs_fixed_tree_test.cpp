@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The fixed tree's leaves and folders: construction, answers, adding and
 // looking up children, and what their destruction releases.
 #include <gmock/gmock.h>

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The interface of the VFS classes as client code sees it: the order of the
 // virtual functions (client binaries call them by slot), which constructors
 // convert implicitly and which classes copy.

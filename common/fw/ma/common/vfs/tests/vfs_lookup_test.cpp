@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Lookup by identifier: the first direct child with the identifier, found
 // through the entry's criteria iterator.
 #include <gmock/gmock.h>

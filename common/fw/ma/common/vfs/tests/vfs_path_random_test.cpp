@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Random trees and random paths, resolved by the library and by a small
 // reference resolver written here from the rules of path resolution; the
 // two must agree on result, resolved path and parent.

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Path resolution: the driver loop, the base step (empty part, identifier
 // queries) and the fixed folder's positional parts.
 #include <errno.h>

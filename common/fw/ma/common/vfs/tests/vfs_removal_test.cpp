@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Removing children from a fixed folder: by caption, by identifier, all.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

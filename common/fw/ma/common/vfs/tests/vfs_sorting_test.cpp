@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Sorted iteration: the criteria strings, the comparators, the place of
 // children without item, and the independence of the sorted copy.
 #include <gmock/gmock.h>

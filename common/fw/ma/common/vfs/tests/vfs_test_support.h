@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // Helpers shared by the VFS tests: building records and trees, reading a
 // folder back, and matching located trace lines.
 #ifndef MA_VFS_TESTS_VFS_TEST_SUPPORT_H_

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 // The recorder's user data: stored values, the key rule, the accessors.
 #include <gtest/gtest.h>
 

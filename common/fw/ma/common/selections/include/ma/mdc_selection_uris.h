@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// Selection URIs: one string that names a place in a media source.
 ///

@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// The core of the virtual file system (VFS): entries and their iterators.
 ///

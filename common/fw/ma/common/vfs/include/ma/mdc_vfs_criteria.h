@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// Search, order and filter criteria: what a caller asks of an entry's
 /// iterator factory, VfsEntry::getIterator(search, order, filter).

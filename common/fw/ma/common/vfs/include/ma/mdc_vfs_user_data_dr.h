@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// VfsUserDataDR: the recorder's data on an entry that stands for a recording.
 ///

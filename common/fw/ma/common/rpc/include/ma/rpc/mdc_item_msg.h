@@ -1,3 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
 /// @file
 /// The item message: one item record, flattened so that it can cross a
 /// process boundary.

@@ -6,10 +6,15 @@
 #
 # Every file belongs to one install component, which CPack turns into one
 # Debian package (cmake/MaCommonPackaging.cmake):
-#   runtime      libma-common.so.1 (the shared object and its SONAME link)
-#   development  headers, the libma-common.so link, CMake package, ma-common.pc
-#   standin      the platform stand-in library, when the build links it
-#   tool         the ma-cli program (tools/ma-cli/)
+#   runtime              libma-common.so.1 (the shared object and its SONAME link)
+#   development          headers, the libma-common.so link, CMake package, ma-common.pc
+#   doc                  the API reference and the user guide (doc/)
+#   standin              the platform stand-in library, when the build links it
+#   standin-development  the stand-in's own headers and the libzel-standin.so link
+#   tool                 the ma-cli program (tools/ma-cli/) and its manual page
+#
+# Libraries, the CMake package and ma-common.pc go to lib/<multiarch triplet>
+# (CMAKE_INSTALL_LIBDIR, set in the top CMakeLists.txt).
 include(CMakePackageConfigHelpers)
 
 set(MA_COMMON_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/ma-common")
@@ -25,11 +30,13 @@ install(DIRECTORY common/fw/ma/common/include/ DESTINATION ${CMAKE_INSTALL_INCLU
   COMPONENT development)
 
 # Without the receiver's platform library, the stand-in is what the library
-# links, so it is installed beside it. Clients never link it by name (the
-# library's own DT_NEEDED entry loads it), so it gets no libzel-standin.so link.
+# links, so it is installed beside it. A host client that sets the stand-in's
+# trace threshold links it by name (target ma-common::zel-standin, or
+# -lzel-standin): its development files have the libzel-standin.so link.
 if(NOT MA_COMMON_PLATFORM_LIBRARY)
   install(TARGETS zel-standin EXPORT ma-common-targets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT standin NAMELINK_SKIP)
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+      COMPONENT standin NAMELINK_COMPONENT standin-development)
 endif()
 
 install(EXPORT ma-common-targets
@@ -60,3 +67,10 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/ma-common.pc.in
 install(FILES ${PROJECT_BINARY_DIR}/ma-common.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT development)
+
+# What is installed is hardened as Debian's own binaries are.
+include(MaCommonHardening)
+ma_common_harden(ma-common-objects ma-common zel-standin)
+if(TARGET ma-cli)
+  ma_common_harden(ma-cli)
+endif()

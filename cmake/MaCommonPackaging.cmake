@@ -1,28 +1,49 @@
 # SPDX-License-Identifier: Apache-2.0
 # Copyright 2026 The libma-common Authors
 #
-# Debian packages of the installed files, made by CPack, one package per
-# install component (cmake/MaCommonInstall.cmake):
+# Debian packages of the installed files, made by debhelper from the
+# packaging folder packaging/debian/, one package per install component
+# (cmake/MaCommonInstall.cmake):
 #
-#   libma-common1      runtime      libma-common.so.1 (section libs)
-#   libma-common-dev   development  headers, libma-common.so, CMake package,
-#                                   ma-common.pc (section libdevel)
-#   libzel-standin1    standin      the platform stand-in library (section libs)
-#   ma-cli             tool         the inspection tool (section utils)
+#   libma-common1       runtime              libma-common.so.1 (libs, Multi-Arch: same)
+#   libma-common-dev    development          headers, libma-common.so, CMake package,
+#                                            ma-common.pc (libdevel, Multi-Arch: same)
+#   libma-common-doc    doc                  API reference and user guide (doc,
+#                                            Architecture: all)
+#   libzel-standin1     standin              the platform stand-in library (libs,
+#                                            Multi-Arch: same)
+#   libzel-standin-dev  standin-development  the stand-in's headers and
+#                                            libzel-standin.so (libdevel, Multi-Arch: same)
+#   ma-cli              tool                 the inspection tool and its manual page (utils)
 #
-# `cmake --build <build> --target package` writes them to <build>/packages/,
-# named <package>_<version>-<release>_<architecture>.deb. A package is made
-# only for a component that has files in this build: no ma-cli package
-# without the tool, no stand-in package when the build links the receiver's
-# platform library.
+# and a -dbgsym package with the debug symbols of each package with ELF files.
 #
-# Files are stripped (CPACK_STRIP_FILES, with the toolchain's strip in a cross
-# build) and installed under /usr.
+#   cmake --build <build> --target debian-packages
+#
+# writes them to <build>/packages/, named <package>_<version>_<architecture>.deb
+# (the doc package: _all.deb). A package is made only for the components
+# that have files in this build: no ma-cli package without the tool, no
+# stand-in packages when the build links the receiver's platform library.
+#
+# Why debhelper and not CPack: debhelper is what Debian's own packages are
+# made with, so copyright and changelog, the ldconfig trigger, the symbols
+# file (dpkg-gensymbols), the -dbgsym packages, compression and file modes
+# come out as Debian Policy and lintian expect, for amd64 and for the armhf
+# cross build alike (dpkg-architecture -a armhf). It packages what the CMake
+# build installed; it never builds.
 
-set(MA_COMMON_PACKAGE_MAINTAINER "libma-common developers <ma-common-dev@example.com>"
-  CACHE STRING "Maintainer field of the Debian packages")
-set(MA_COMMON_PACKAGE_RELEASE "1" CACHE STRING
-  "Debian revision of the packages (the part after the version)")
+# The version of the packages is the changelog's; the upstream part must be
+# the project's.
+set(MA_COMMON_PACKAGING_DIR "${PROJECT_SOURCE_DIR}/packaging")
+file(STRINGS "${MA_COMMON_PACKAGING_DIR}/debian/changelog" _ma_changelog_head LIMIT_COUNT 1)
+if(NOT _ma_changelog_head MATCHES "^libma-common \\(([^)-]+)-([^)]+)\\) ")
+  message(FATAL_ERROR "packaging/debian/changelog: no version in \"${_ma_changelog_head}\"")
+endif()
+if(NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "packaging/debian/changelog is for version ${CMAKE_MATCH_1}, "
+    "the project is ${PROJECT_VERSION}: add a changelog entry")
+endif()
+set(MA_COMMON_PACKAGE_VERSION "${CMAKE_MATCH_1}-${CMAKE_MATCH_2}")
 
 # The architecture is the one the code is compiled for, never the build
 # machine's (dpkg --print-architecture says amd64 in the ARM cross build):
@@ -56,109 +77,105 @@ set(MA_COMMON_PACKAGE_SYSTEM_DEPENDS "libc6 (>= 2.34), libstdc++6 (>= 11), libgc
 # package ("any platform library") would let apt accept a library with
 # another SONAME, and the runtime would then fail to load. A device build
 # links the receiver's platform library instead (MA_COMMON_PLATFORM_LIBRARY):
-# it makes no stand-in package, and its runtime package depends on the
+# it makes no stand-in packages, and its runtime package depends on the
 # device's platform package, named here.
-set(_ma_deb_version "${PROJECT_VERSION}-${MA_COMMON_PACKAGE_RELEASE}")
-set(_ma_runtime_depends "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}")
 if(MA_COMMON_PLATFORM_LIBRARY)
   set(MA_COMMON_PLATFORM_PACKAGE "" CACHE STRING
     "Debian dependency on the package of the platform library (device builds)")
-  if(MA_COMMON_PLATFORM_PACKAGE)
-    string(APPEND _ma_runtime_depends ", ${MA_COMMON_PLATFORM_PACKAGE}")
-  endif()
+  set(_ma_platform_depends "${MA_COMMON_PLATFORM_PACKAGE}")
 else()
-  string(APPEND _ma_runtime_depends ", libzel-standin1 (= ${_ma_deb_version})")
+  set(_ma_platform_depends "libzel-standin1 (= ${MA_COMMON_PACKAGE_VERSION})")
 endif()
 
-set(CPACK_GENERATOR "DEB")
-set(CPACK_PACKAGE_NAME "ma-common")
-set(CPACK_PACKAGE_VENDOR "libma-common developers")
-set(CPACK_PACKAGE_CONTACT "${MA_COMMON_PACKAGE_MAINTAINER}")
-set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
-set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/packages")
-set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
-set(CPACK_STRIP_FILES TRUE)
-set(CPACK_DEB_COMPONENT_INSTALL ON)
-
-# Each package's description below starts with its own summary line. CPack
-# would put the project's description in front of each unless the summary is
-# CPack's own default, so it is set to that default.
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${CMAKE_PROJECT_NAME} built using CMake")
-
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE "${MA_COMMON_PACKAGE_RELEASE}")
-set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE "${MA_COMMON_PACKAGE_ARCHITECTURE}")
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${MA_COMMON_PACKAGE_MAINTAINER}")
-set(CPACK_DEBIAN_PACKAGE_PRIORITY "optional")
-# A shlibs control file ("libma-common 1 libma-common1 (>= 1.0.0)") lets
-# dpkg-shlibdeps of client packages derive their dependency; CPack adds the
-# ldconfig trigger with it.
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "libma-common1")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION "libs")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "${_ma_runtime_depends}")
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "common media-access library of the receiver's media services
-libma-common gives the receiver's media services (content browser, recorder,
-playback front ends) one vocabulary: item records in nine kinds, the packed
-inter-process item message, a virtual file system with path resolution and
-a fixed in-memory tree, selection URIs and the tuner delivery-system
-classification.
-
-This package holds the shared library.")
-
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME "libma-common-dev")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION "libdevel")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libma-common1 (= ${_ma_deb_version}), libboost-dev (>= 1.73)")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "common media-access library - development files
-The headers of every subsystem (items, item messages, virtual file system,
-selection URIs, delivery systems) and of the platform interfaces, the
-libma-common.so link, the CMake package (find_package(ma-common), target
-ma-common::ma-common) and ma-common.pc for pkg-config.")
-
-set(CPACK_DEBIAN_STANDIN_PACKAGE_NAME "libzel-standin1")
-set(CPACK_DEBIAN_STANDIN_PACKAGE_SECTION "libs")
-set(CPACK_DEBIAN_STANDIN_PACKAGE_DEPENDS "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}")
-set(CPACK_DEBIAN_STANDIN_DESCRIPTION "stand-in for the receiver's platform library
-Debug trace with a per-module level threshold and a serialiser for the
-platform interfaces libma-common calls, for machines that do not have the
-receiver's platform library. A device with the real platform library does
-not install it.")
-
-set(CPACK_DEBIAN_TOOL_PACKAGE_NAME "ma-cli")
-set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION "utils")
-# The tool calls the stand-in's serialiser and trace controls itself (it is
-# built only where the stand-in is the platform library), so it names the
-# stand-in's package as well as the library's.
-set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS
-  "${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}, libma-common1 (= ${_ma_deb_version}), libzel-standin1 (= ${_ma_deb_version})")
-set(CPACK_DEBIAN_TOOL_DESCRIPTION "inspection tool for libma-common
-ma-cli walks item trees (a built-in sample catalogue or a scanned
-directory), resolves paths, shows the message an item becomes and decodes
-captured ones, creates and parses selection URIs and classifies tuner
-delivery systems, as text or JSON.")
+# The manual page of ma-cli, made by help2man from the tool's --help and
+# --version (in a cross build through a wrapper that runs it under the
+# emulator), dated by the changelog so that every build makes the same page.
+if(TARGET ma-cli)
+  find_program(MA_COMMON_HELP2MAN help2man)
+  if(MA_COMMON_HELP2MAN)
+    execute_process(COMMAND dpkg-parsechangelog
+        -l "${MA_COMMON_PACKAGING_DIR}/debian/changelog" -STimestamp
+      OUTPUT_VARIABLE _ma_changelog_epoch OUTPUT_STRIP_TRAILING_WHITESPACE)
+    set(_ma_man_dir "${PROJECT_BINARY_DIR}/man")
+    set(_ma_program "$<TARGET_FILE:ma-cli>")
+    if(CMAKE_CROSSCOMPILING_EMULATOR)
+      list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " _ma_emulator)
+      file(GENERATE OUTPUT "${_ma_man_dir}/run/ma-cli"
+        CONTENT "#!/bin/sh\nexec ${_ma_emulator} \"$<TARGET_FILE:ma-cli>\" \"$@\"\n"
+        FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+          WORLD_READ WORLD_EXECUTE)
+      set(_ma_program "${_ma_man_dir}/run/ma-cli")
+    endif()
+    add_custom_command(OUTPUT "${_ma_man_dir}/ma-cli.1"
+      COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${_ma_changelog_epoch}
+        ${MA_COMMON_HELP2MAN} --no-info --section=1
+        "--name=inspection tool for libma-common"
+        --output=${_ma_man_dir}/ma-cli.1 ${_ma_program}
+      DEPENDS ma-cli
+      COMMENT "Manual page of ma-cli (help2man)"
+      VERBATIM)
+    add_custom_target(ma-cli-manual-page ALL DEPENDS "${_ma_man_dir}/ma-cli.1")
+    install(FILES "${_ma_man_dir}/ma-cli.1"
+      DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tool)
+  else()
+    message(WARNING "help2man not found: ma-cli has no manual page")
+  endif()
+endif()
 
 # The package names, by component, for the package checks.
 set(MA_COMMON_PACKAGE_NAMES
-  runtime libma-common1 development libma-common-dev
-  standin libzel-standin1 tool ma-cli)
+  runtime libma-common1 development libma-common-dev doc libma-common-doc
+  standin libzel-standin1 standin-development libzel-standin-dev tool ma-cli)
 
-# CPack's configuration is written once every folder has added its install
+# The packaging target is added once every folder has added its install
 # rules (the tool's folder may come after this file is included): the
-# packaged components are those that have files.
+# packages made are those whose components have files.
 function(ma_common_finish_packaging)
   get_cmake_property(installed COMPONENTS)
-  set(CPACK_COMPONENTS_ALL "")
+  set(excluded "")
   foreach(component IN LISTS installed)
-    if(component IN_LIST MA_COMMON_PACKAGE_NAMES)
-      list(APPEND CPACK_COMPONENTS_ALL ${component})
-    else()
+    if(NOT component IN_LIST MA_COMMON_PACKAGE_NAMES)
       message(WARNING "install component '${component}' is in no package")
     endif()
   endforeach()
-  include(CPack)
+  set(index 0)
+  set(packaged "")
+  list(LENGTH MA_COMMON_PACKAGE_NAMES count)
+  while(index LESS count)
+    list(GET MA_COMMON_PACKAGE_NAMES ${index} component)
+    math(EXPR index "${index} + 1")
+    list(GET MA_COMMON_PACKAGE_NAMES ${index} package)
+    math(EXPR index "${index} + 1")
+    if(component IN_LIST installed)
+      list(APPEND packaged ${component})
+    else()
+      list(APPEND excluded "-N${package}")
+    endif()
+  endwhile()
+  set(MA_COMMON_PACKAGED_COMPONENTS "${packaged}")
+  list(JOIN excluded " " excluded)
+  # The packaging script's settings (seen by ma_common_add_package_checks()
+  # too); a caller adds -DWORK_DIR=<scratch>
+  # -DOUTPUT_DIR=<folder> and -P ${MA_COMMON_MAKE_PACKAGES_SCRIPT}.
+  set(MA_COMMON_MAKE_PACKAGES_ARGS
+    -DPACKAGING_DIR=${MA_COMMON_PACKAGING_DIR}
+    -DBUILD_DIR=${PROJECT_BINARY_DIR}
+    -DARCHITECTURE=${MA_COMMON_PACKAGE_ARCHITECTURE}
+    "-DSYSTEM_DEPENDS=${MA_COMMON_PACKAGE_SYSTEM_DEPENDS}"
+    "-DPLATFORM_DEPENDS=${_ma_platform_depends}"
+    "-DDH_OPTIONS=${excluded}")
+  set(MA_COMMON_MAKE_PACKAGES_SCRIPT "${MA_COMMON_PACKAGING_DIR}/make-packages.cmake")
+  add_custom_target(debian-packages
+    COMMAND ${CMAKE_COMMAND} ${MA_COMMON_MAKE_PACKAGES_ARGS}
+      -DWORK_DIR=${PROJECT_BINARY_DIR}/packaging -DOUTPUT_DIR=${PROJECT_BINARY_DIR}/packages
+      -P ${MA_COMMON_PACKAGING_DIR}/make-packages.cmake
+    COMMENT "Debian packages (debhelper) into ${PROJECT_BINARY_DIR}/packages"
+    VERBATIM USES_TERMINAL)
+  foreach(target IN ITEMS ma-common zel-standin ma-cli ma-cli-manual-page api-reference)
+    if(TARGET ${target})
+      add_dependencies(debian-packages ${target})
+    endif()
+  endforeach()
   if(COMMAND ma_common_add_package_checks)
     ma_common_add_package_checks()
   endif()

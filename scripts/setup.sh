@@ -14,7 +14,7 @@ packages=(
   googletest libbenchmark-dev                 # tests and benchmarks
   valgrind                                    # memory checks
   g++-arm-linux-gnueabihf qemu-user           # ARM target build and its test runs
-  dpkg-dev                                    # Debian packages: dpkg-architecture
+  dpkg-dev debhelper make lintian help2man    # Debian packages: debhelper, lintian, ma-cli's manual page
   abigail-tools                               # ABI baseline: abidw, abidiff
   libprotobuf-dev protobuf-compiler python3-matplotlib  # benchmarks: protobuf peer, plot
   clang libclang-rt-14-dev                    # fuzz targets (libFuzzer)

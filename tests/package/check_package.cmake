@@ -4,13 +4,16 @@
 # ctest -P script: checks one Debian package with dpkg-deb and readelf.
 #   -DDPKG_DEB=<dpkg-deb> -DREADELF=<readelf of the target> -DDEB=<package file>
 #   -DPACKAGE=<name> -DARCHITECTURE=<Debian architecture>
-#   -DEXPECTATIONS=<file setting EXPECTED_* and FORBIDDEN> -DWORK_DIR=<scratch>
+#   -DEXPECTATIONS=<file setting the EXPECTED_* lists> -DWORK_DIR=<scratch>
 #
-# The package must be named and built for ARCHITECTURE, depend on
-# EXPECTED_depends, hold every file of EXPECTED_required and nothing that is
-# not matched by EXPECTED_allowed or that matches FORBIDDEN (build files,
-# test code). Its ELF files must be for the architecture's machine, stripped,
-# and carry the SONAME EXPECTED_soname when one is given.
+# The package must carry the control fields EXPECTED_fields, depend on
+# EXPECTED_depends, have the control files EXPECTED_control and no
+# maintainer script, hold every file of EXPECTED_required, a file matching
+# each of EXPECTED_required_patterns and nothing that is not matched by
+# EXPECTED_allowed or that matches EXPECTED_forbidden (build files, test
+# code). Its ELF files must be for the architecture's machine, stripped,
+# hardened (read-only relocations, bound at load time) and carry the SONAME
+# EXPECTED_soname when one is given.
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 include("${EXPECTATIONS}")
@@ -23,9 +26,9 @@ if(NOT EXISTS "${DEB}")
   message(FATAL_ERROR "no package ${DEB}")
 endif()
 
-# The control fields.
+# The control fields and files.
 run_checked("dpkg-deb" info "${DPKG_DEB}" --info "${DEB}")
-foreach(field IN ITEMS "Package: ${PACKAGE}" "Architecture: ${ARCHITECTURE}")
+foreach(field IN LISTS EXPECTED_fields)
   string(FIND "${info}" "\n ${field}\n" at)
   if(at EQUAL -1)
     fail("control field is not \"${field}\"")
@@ -39,8 +42,23 @@ foreach(dependency IN LISTS EXPECTED_depends)
     fail("Depends \"${depends}\" lacks \"${dependency}\"")
   endif()
 endforeach()
-if(EXPECTED_soname AND NOT info MATCHES "[ \n]shlibs[ \n]")
-  fail("no shlibs control file")
+foreach(member IN LISTS EXPECTED_control)
+  if(NOT info MATCHES "[ \n]${member}[ \n]")
+    fail("no ${member} control file")
+  endif()
+endforeach()
+foreach(script IN ITEMS preinst postinst prerm postrm)
+  if(info MATCHES "[ \n]${script}[ \n]")
+    fail("maintainer script ${script}")
+  endif()
+endforeach()
+if("triggers" IN_LIST EXPECTED_control)
+  file(REMOVE_RECURSE "${WORK_DIR}-control")
+  run_checked("dpkg-deb" ignored "${DPKG_DEB}" --control "${DEB}" "${WORK_DIR}-control")
+  file(READ "${WORK_DIR}-control/triggers" triggers)
+  if(NOT triggers MATCHES "(^|\n)activate-noawait ldconfig\n")
+    fail("triggers file without \"activate-noawait ldconfig\":\n${triggers}")
+  endif()
 endif()
 
 # The file list: paths without the leading ./, symlinks without their target.
@@ -60,6 +78,17 @@ foreach(file IN LISTS EXPECTED_required)
     fail("missing ${file}")
   endif()
 endforeach()
+foreach(pattern IN LISTS EXPECTED_required_patterns)
+  set(found FALSE)
+  foreach(file IN LISTS files)
+    if(file MATCHES "^${pattern}$")
+      set(found TRUE)
+    endif()
+  endforeach()
+  if(NOT found)
+    fail("no file like ${pattern}")
+  endif()
+endforeach()
 foreach(file IN LISTS files)
   set(is_allowed FALSE)
   foreach(pattern IN LISTS EXPECTED_allowed)
@@ -67,7 +96,7 @@ foreach(file IN LISTS files)
       set(is_allowed TRUE)
     endif()
   endforeach()
-  foreach(pattern IN LISTS FORBIDDEN)
+  foreach(pattern IN LISTS EXPECTED_forbidden)
     if(file MATCHES "${pattern}")
       set(is_allowed FALSE)
     endif()
@@ -100,6 +129,13 @@ foreach(elf IN LISTS EXPECTED_elf_files)
     fail("${elf} is not stripped")
   endif()
   run_checked("readelf" dynamic "${READELF}" -d "${WORK_DIR}/${elf}")
+  run_checked("readelf" segments "${READELF}" -l -W "${WORK_DIR}/${elf}")
+  if(NOT segments MATCHES "GNU_RELRO")
+    fail("${elf} has no read-only relocations (GNU_RELRO)")
+  endif()
+  if(NOT dynamic MATCHES "BIND_NOW|Flags: NOW")
+    fail("${elf} is not bound at load time (BIND_NOW)")
+  endif()
   if(EXPECTED_soname)
     string(FIND "${dynamic}" "Library soname: [${EXPECTED_soname}]" at)
     if(at EQUAL -1)

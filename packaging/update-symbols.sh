@@ -48,5 +48,7 @@ for preset in host-debug arm; do
     dpkg-gensymbols -plibma-common1 -Pdebian/libma-common1 -v"$upstream" -c0 \
       -O"$root/packaging/debian/libma-common1.symbols.$arch" >/dev/null)
   mark_optional "packaging/debian/libma-common1.symbols.$arch"
+  # Clients' packages learn which development package gives the version.
+  sed -i '1a\* Build-Depends-Package: libma-common-dev' "packaging/debian/libma-common1.symbols.$arch"
   echo "packaging/debian/libma-common1.symbols.$arch: $(grep -c '^ ' "packaging/debian/libma-common1.symbols.$arch") symbols"
 done

@@ -12,6 +12,7 @@
 # For a cross build also:
 #   -DEMULATOR=<a|b|c>     the program that runs target binaries, '|' between its words
 #   -DBOOST_HEADERS=<dir>  Boost's headers, linked into the root as a device SDK has them
+cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 set(root "${WORK_DIR}/root")
 set(libdir "${root}/usr/${LIBDIR}")

@@ -13,6 +13,7 @@
 # the same: the same bytes for files, the same target for links. Prints
 # "no packages to compare with" (the test is then skipped) when
 # OTHER_DEB_DIR has no packages.
+cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 file(GLOB others "${OTHER_DEB_DIR}/*.deb")
 if(NOT others)

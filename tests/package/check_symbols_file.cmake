@@ -11,6 +11,7 @@
 # of the list (compared demangled, std::string spelled short, as the list
 # is written) and give each symbol the upstream version, never one with a
 # Debian revision.
+cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 file(REMOVE_RECURSE "${WORK_DIR}")
 run_checked("dpkg-deb" ignored "${DPKG_DEB}" --control "${DEB}" "${WORK_DIR}")

@@ -5,6 +5,7 @@
 # package of a folder; fails on any error or warning and shows what lintian
 # said, the informational tags included.
 #   -DLINTIAN=<lintian> -DDEB_DIR=<folder of .deb files>
+cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/run_checked.cmake")
 file(GLOB packages "${DEB_DIR}/*.deb")
 if(NOT packages)

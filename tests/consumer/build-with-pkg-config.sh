@@ -5,7 +5,7 @@
 # Builds the consumer in folder <work> with the compiler $CXX and the flags
 # that pkg-config gives for the installed library: the command line of the
 # user guide.
-#   CXX=<compiler> PKG_CONFIG_LIBDIR=<prefix>/lib/pkgconfig build-with-pkg-config.sh <work>
+#   CXX=<compiler> PKG_CONFIG_LIBDIR=<prefix>/lib/<triplet>/pkgconfig build-with-pkg-config.sh <work>
 set -eu
 cp "$(dirname "$0")/main.cpp" "$1/"
 cd "$1"

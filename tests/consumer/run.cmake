@@ -4,7 +4,7 @@
 # ctest -P script: installs the build into a scratch root, then builds the
 # consumer against it and runs it (a cross build's under the emulator).
 #   -DBUILD_DIR=<library build> -DSOURCE_DIR=<this folder> -DWORK_DIR=<scratch>
-#   -DGENERATOR=<generator> -DLIBDIR=<CMAKE_INSTALL_LIBDIR of the build>
+#   -DGENERATOR=<generator> -DLIBDIR=<CMAKE_INSTALL_LIBDIR of the build: lib/<multiarch triplet>>
 #   -DCXX=<the build's C++ compiler>
 #   -DMETHOD=cmake|pkg-config  how the consumer finds the library: find_package
 #                              (CMakeLists.txt) or the compiler command line of
@@ -34,6 +34,13 @@ function(run what)
 endfunction()
 
 run("installing" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+# Debian's multiarch layout: the library, its CMake package and .pc file in
+# lib/<triplet>, nothing architecture-dependent directly in lib/.
+if(NOT LIBDIR MATCHES "^lib/[a-z0-9_]+-linux-[a-z0-9_]+$" OR NOT EXISTS "${libdir}/libma-common.so.1"
+    OR NOT EXISTS "${libdir}/pkgconfig/ma-common.pc" OR NOT EXISTS "${libdir}/cmake/ma-common"
+    OR EXISTS "${prefix}/lib/pkgconfig" OR EXISTS "${prefix}/lib/cmake")
+  message(FATAL_ERROR "the install does not follow the multiarch layout lib/<triplet> (${LIBDIR})")
+endif()
 if(TOOLCHAIN_FILE)
   file(CREATE_LINK "${BOOST_HEADERS}" "${prefix}/include/boost" SYMBOLIC)
 endif()

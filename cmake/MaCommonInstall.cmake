@@ -68,9 +68,15 @@ install(FILES ${PROJECT_BINARY_DIR}/ma-common.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT development)
 
-# What is installed is hardened as Debian's own binaries are.
+# What is installed is hardened as Debian's own binaries are, and carries
+# debug information in every configuration (the optimised ones too): the
+# packages strip it into their -dbgsym packages.
 include(MaCommonHardening)
-ma_common_harden(ma-common-objects ma-common zel-standin)
+set(_ma_installed_binaries ma-common-objects ma-common zel-standin)
 if(TARGET ma-cli)
-  ma_common_harden(ma-cli)
+  list(APPEND _ma_installed_binaries ma-cli)
 endif()
+ma_common_harden(${_ma_installed_binaries})
+foreach(target IN LISTS _ma_installed_binaries)
+  target_compile_options(${target} PRIVATE $<$<CONFIG:Release,MinSizeRel>:-g>)
+endforeach()

@@ -10,7 +10,8 @@
 #
 # Every Multi-Arch: same package of DEB_DIR must be in OTHER_DEB_DIR with the
 # same version, for another architecture, and every path both hold must be
-# the same: the same bytes for files, the same target for links. Prints
+# the same: the same bytes for files, the same target for links; then dpkg
+# installs both sets into a scratch root. Prints
 # "no packages to compare with" (the test is then skipped) when
 # OTHER_DEB_DIR has no packages.
 cmake_minimum_required(VERSION 3.25)
@@ -89,5 +90,37 @@ endif()
 if(NOT compared)
   message(FATAL_ERROR "no Multi-Arch: same package in ${DEB_DIR}")
 endif()
+
+# And dpkg itself installs both architectures' packages into an empty
+# scratch root that knows the second architecture (the system's libraries
+# are not there: their dependencies are not checked).
+set(dpkg_root "${WORK_DIR}/dpkg-root")
+file(MAKE_DIRECTORY "${dpkg_root}/var/lib/dpkg/info" "${dpkg_root}/var/lib/dpkg/updates")
+file(TOUCH "${dpkg_root}/var/lib/dpkg/status")
+set(installed "")
+foreach(package IN LISTS compared)
+  file(GLOB pair "${DEB_DIR}/${package}_*.deb" "${OTHER_DEB_DIR}/${package}_*.deb")
+  list(APPEND installed ${pair})
+endforeach()
+get_filename_component(dpkg_dir "${DPKG_DEB}" DIRECTORY)
+foreach(a IN ITEMS ${arch} ${other_arch})
+  run_checked("dpkg --add-architecture" ignored "${dpkg_dir}/dpkg" --root=${dpkg_root}
+    --add-architecture ${a})
+endforeach()
+run_checked("dpkg -i" ignored "${dpkg_dir}/dpkg" --root=${dpkg_root} --force-depends
+  --force-script-chrootless --no-triggers -i ${installed})
+run_checked("dpkg -l" listing "${dpkg_dir}/dpkg-query" --root=${dpkg_root}
+  -W [=[-f=${Package}:${Architecture} ${db:Status-Abbrev}\n]=])
+foreach(package IN LISTS compared)
+  foreach(a IN ITEMS ${arch} ${other_arch})
+    if(NOT listing MATCHES "(^|\n)${package}:${a} i")
+      string(APPEND failures "  dpkg did not install ${package}:${a}\n")
+    endif()
+  endforeach()
+endforeach()
+if(failures)
+  message(FATAL_ERROR "not installable side by side:\n${failures}${listing}")
+endif()
 list(JOIN compared ", " compared)
-message(STATUS "installable side by side: ${compared} (${common_paths} common paths, all equal)")
+message(STATUS "installable side by side: ${compared} (${common_paths} common paths, all "
+  "equal; dpkg installed both architectures)")

@@ -4,8 +4,8 @@
 # Installs the library, its headers, a CMake package (ma-common-config.cmake
 # with a version file, target ma-common::ma-common) and a pkg-config file.
 #
-# Every file belongs to one install component, which CPack turns into one
-# Debian package (cmake/MaCommonPackaging.cmake):
+# Every file belongs to one install component, which packaging/debian/rules
+# turns into one Debian package (cmake/MaCommonPackaging.cmake):
 #   runtime              libma-common.so.1 (the shared object and its SONAME link)
 #   development          headers, the libma-common.so link, CMake package, ma-common.pc
 #   doc                  the API reference and the user guide (doc/)

@@ -90,7 +90,8 @@ endif()
 # The manual page of ma-cli, made by help2man from the tool's --help and
 # --version (in a cross build through a wrapper that runs it under the
 # emulator), dated by the changelog so that every build makes the same page.
-if(TARGET ma-cli)
+# Not in the sanitizer builds, which make no packages.
+if(TARGET ma-cli AND MA_COMMON_SANITIZE STREQUAL "")
   find_program(MA_COMMON_HELP2MAN help2man)
   if(MA_COMMON_HELP2MAN)
     execute_process(COMMAND dpkg-parsechangelog

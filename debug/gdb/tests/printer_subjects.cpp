@@ -38,6 +38,23 @@ class RecordWithLostStore : public ma::FolderItemInfo {
   ItemImpl* m_store = impl;  // the real store, deleted by the base
 };
 
+// A client's own entry: no printer of its own.
+class ClientEntry : public ma::VfsEntry {
+ public:
+  using ma::VfsEntry::getIterator;
+  boost::shared_ptr<ma::VfsIterator> getIterator(ma::VfsSearchCriteria const&,
+                                                 ma::VfsOrderCriteria const&,
+                                                 ma::VfsFilterCriteria const&) override {
+    return boost::shared_ptr<ma::VfsIterator>();
+  }
+  boost::shared_ptr<ma::ItemInfo> getItemInfo() override { return boost::shared_ptr<ma::ItemInfo>(); }
+  boost::shared_ptr<ma::VfsUserData> getUserData() override {
+    return boost::shared_ptr<ma::VfsUserData>();
+  }
+
+  int channel = 7;
+};
+
 // An address with nothing mapped at it.
 void* unmappedAddress() {
   long const pageSize = sysconf(_SC_PAGESIZE);
@@ -90,6 +107,7 @@ int main() {
   root->addEntry(recordingEntry);
   root->addEntry(songEntry);
   root->addEntry(archive);
+  boost::shared_ptr<ma::VfsEntry> clientEntry(new ClientEntry);
 
   // Iterators: one moved to the second child, one sorted, one at its end.
   boost::shared_ptr<ma::VfsIterator> walk = root->getIterator();

@@ -26,6 +26,8 @@ echo ==== entry with recorder data\n
 print *recordingEntry.px
 echo ==== entry through its base class\n
 print *(ma::VfsEntry*)songEntry.px
+echo ==== entry of a client's class\n
+print *clientEntry.px
 echo ==== recorder data\n
 print *recorderData.px
 echo ==== unencrypted recorder data\n

@@ -104,20 +104,24 @@ class FixedFolderPrinter:
 
 class RunTimeClassPrinter:
     """ma::VfsEntry, ma::VfsIterator and ma::VfsUserData seen through the
-    base class: printed by the printer of the run-time class."""
+    base class: printed by the printer of the run-time class, or, for a
+    class without one (a client's own entry), as that class's members."""
 
     def __init__(self, value):
         self.delegate = None
+        self.target = None
         self.note = None
         address = reading.address_of(value)
         target = reading.dynamic_value(value.address) if address else None
         if target is None:
             self.note = "<unreadable %s at 0x%x>" % (reading.type_name(value), address)
             return
-        self.delegate = gdb.default_visualizer(target)
-        if self.delegate is None or isinstance(self.delegate, RunTimeClassPrinter):
-            self.delegate = None
-            self.note = "%s at 0x%x" % (reading.type_name(target), address)
+        delegate = gdb.default_visualizer(target)
+        if delegate is None or isinstance(delegate, RunTimeClassPrinter):
+            self.target = target
+            self.note = reading.type_name(target)
+        else:
+            self.delegate = delegate
 
     def to_string(self):
         return self.note if self.delegate is None else self.delegate.to_string()
@@ -127,8 +131,22 @@ class RunTimeClassPrinter:
         return hint() if hint else None
 
     def children(self):
-        children = getattr(self.delegate, "children", None)
-        return children() if children else iter(())
+        if self.delegate is not None:
+            children = getattr(self.delegate, "children", None)
+            return children() if children else iter(())
+        if self.target is not None:
+            return self._members()
+        return iter(())
+
+    def _members(self):
+        for field in self.target.type.strip_typedefs().fields():
+            # The library's base part is left out: printed as the base, it
+            # would come back here.
+            if not field.is_base_class and field.name and not field.name.startswith("_vptr"):
+                try:
+                    yield field.name, self.target[field]
+                except reading.READ_ERRORS:
+                    yield field.name, "<unreadable>"
 
 
 class ChildrenIteratorPrinter:
@@ -142,7 +160,7 @@ class ChildrenIteratorPrinter:
     def _range(self):
         begin = self.iterator["m_begin"]["_M_current"]
         end = self.iterator["m_end"]["_M_current"]
-        size = begin.type.target().sizeof
+        size = begin.type.strip_typedefs().target().sizeof
         distance = int(end) - int(begin)
         if distance < 0 or size == 0 or distance % size or distance // size > reading.MAX_ELEMENTS:
             raise gdb.error("damaged range")

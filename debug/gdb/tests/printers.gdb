@@ -78,6 +78,19 @@ echo ==== record whose store is unmapped\n
 print *(ma::FolderItemInfo*)&lostStore
 echo ==== shared pointer to unmapped memory\n
 print danglingShared
+# Damage done here, in the stopped program, after everything above printed:
+# a store's strings with a wild length and an unmapped buffer, a folder's
+# child pointing into unmapped memory, a list whose end lies before its start.
+set var songStore->m_album._M_string_length = 3000000000
+set var songStore->m_artist._M_dataplus._M_p = (char*)nowhere
+echo ==== record with damaged strings\n
+print song
+set var root.px->m_children._M_impl._M_start[2].px = (ma::VfsEntry*)nowhere
+echo ==== folder with a dangling child\n
+print -max-depth 1 -- *root.px
+set var search.m_criteria._M_impl._M_finish = search.m_criteria._M_impl._M_start - 1
+echo ==== damaged criteria list\n
+print search
 echo ==== freed record\n
 print *freed
 echo ==== message layout\n

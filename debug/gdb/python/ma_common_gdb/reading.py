@@ -143,8 +143,12 @@ def vector_range(value):
     finish = value["_M_impl"]["_M_finish"].cast(pointer_type)
     size = pointer_type.target().sizeof
     distance = int(finish) - int(start)
-    if distance < 0 or size == 0 or distance % size != 0 or distance // size > MAX_ELEMENTS:
-        raise gdb.error("damaged list: %d bytes between start and finish" % distance)
+    if distance < 0:
+        raise gdb.error("damaged list, its end before its start")
+    if size == 0 or distance % size != 0:
+        raise gdb.error("damaged list, its end between two elements")
+    if distance // size > MAX_ELEMENTS:
+        raise gdb.error("damaged list of %d elements" % (distance // size))
     return start, distance // size
 
 

@@ -45,8 +45,11 @@ def _is_counted_string(field_type):
 
 def _data_fields(value):
     """(name, member value) of every data member of `value`, base classes
-    first, in declaration order; the vtable pointer left out."""
+    first, in declaration order; the vtable pointer and static members left
+    out."""
     for field in value.type.strip_typedefs().fields():
+        if not hasattr(field, "bitpos"):  # a static member
+            continue
         if field.is_base_class:
             yield from _data_fields(value.cast(field.type))
         elif field.name and not field.artificial and not field.name.startswith("_vptr"):

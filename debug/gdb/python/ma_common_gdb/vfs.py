@@ -37,7 +37,11 @@ def _item_of(entry):
 
 
 def _describe_item(item):
-    return item if isinstance(item, str) else items.record_summary(item)
+    """One line for the record of an entry: kind, caption and UUID, or why
+    there is none."""
+    if isinstance(item, str):
+        return "no record" if item == "none" else item
+    return items.record_summary(item)
 
 
 def _folder_caption(item):

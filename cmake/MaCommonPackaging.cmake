@@ -116,7 +116,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "common media-access library - developm
 The headers of every subsystem (items, item messages, virtual file system,
 selection URIs, delivery systems) and of the platform interfaces, the
 libma-common.so link, the CMake package (find_package(ma-common), target
-ma-common::ma-common) and ma-common.pc for pkg-config.")
+ma-common::ma-common), ma-common.pc for pkg-config, and gdb pretty-printers
+of the library's types, which gdb loads with the library.")
 
 set(CPACK_DEBIAN_STANDIN_PACKAGE_NAME "libzel-standin1")
 set(CPACK_DEBIAN_STANDIN_PACKAGE_SECTION "libs")

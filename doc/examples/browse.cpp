@@ -19,6 +19,7 @@
 
 using example::captionOf;
 using example::check;
+using example::makeFolder;
 
 namespace {
 
@@ -97,7 +98,7 @@ int main() {
     // "+dc:title" compares the captions byte by byte: not the titles, no
     // locale, no case folding. Upper case comes before lower case, and a
     // UTF-8 "Ä" (bytes 0xC3 0x84) after every ASCII letter.
-    boost::shared_ptr<ma::VfsFixedFolder> shelf = example::makeFolder("Shelf", "UUID-shelf");
+    boost::shared_ptr<ma::VfsFixedFolder> shelf = makeFolder("Shelf", "UUID-shelf");
     for (char const* caption : {"zebra", "\xC3\x84rger", "Zoo", "apple"}) {
       boost::shared_ptr<ma::ItemInfo> record(new ma::OtherItemInfo(caption, caption));
       record->setTitle("Untitled");  // the title plays no part in the order

@@ -84,180 +84,489 @@ class MA_COMMON_EXPORT ItemInfo {
     virtual void setDirector(std::string const& value);
 
     /// @name Identity
-    //@{
     /// Kind, sub-kind, caption and identifier, as on the facade. The item
     /// type can be changed here only; setCaption trims; the UUID is fixed.
+    //@{
+    /// The item type held by this store; the constructor's `type`.
+    /// @return a reference to the stored item type.
     itemType const& getItemType() const;
+    /// Changes the stored item type. The record's class does not follow: a
+    /// FolderItemInfo may then report ITEM_TYPE_VIDEO, and the message
+    /// conversion goes by the stored type.
+    /// @param value the new item type.
     void setItemType(itemType value);
+    /// The item sub-type held by this store; empty after construction.
+    /// @return a reference to the stored item sub-type.
     std::string const& getItemSubType() const;
+    /// Sets the item sub-type: stores `value` as given, blanks included.
+    /// @param value the new item sub-type.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setItemSubType(std::string const& value);
+    /// The caption held by this store; the constructor's `caption`, untrimmed.
+    /// @return a reference to the stored caption.
     std::string const& getCaption() const;
+    /// Sets the caption: stores `value` without the spaces, tabs, line feeds
+    /// and carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new caption.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setCaption(std::string const& value);
+    /// The identifier held by this store; the constructor's `uuid`, untrimmed,
+    /// fixed for the store's life.
+    /// @return a reference to the stored identifier.
     std::string const& getUUID() const;
     //@}
 
     /// @name Origin
-    //@{
     /// Where the item was found or made: stored as given.
+    //@{
+    /// The original ancestor held by this store; empty after construction.
+    /// @return a reference to the stored original ancestor.
     std::string const& getOriginalAncestor() const;
+    /// Sets the original ancestor: stores `value` as given, blanks included.
+    /// @param value the new original ancestor.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setOriginalAncestor(std::string const& value);
+    /// The creator held by this store; empty after construction.
+    /// @return a reference to the stored creator.
     std::string const& getCreator() const;
+    /// Sets the creator: stores `value` as given, blanks included.
+    /// @param value the new creator.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setCreator(std::string const& value);
+    /// The original identifier held by this store; empty after construction.
+    /// @return a reference to the stored original identifier.
     std::string const& getOriginalUuid() const;
+    /// Sets the original identifier: stores `value` as given, blanks included.
+    /// @param value the new original identifier.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setOriginalUuid(std::string const& value);
+    /// The original volume held by this store; empty after construction.
+    /// @return a reference to the stored original volume.
     std::string const& getOriginalVolume() const;
+    /// Sets the original volume: stores `value` as given, blanks included.
+    /// @param value the new original volume.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setOriginalVolume(std::string const& value);
     //@}
 
     /// @name Location and play time
-    //@{
     /// Locator (the facade's getItemLocator), play time and thumbnail URL:
     /// the setters trim.
+    //@{
+    /// The locator held by this store; empty after construction. The facade
+    /// calls it getItemLocator.
+    /// @return a reference to the stored locator.
     std::string const& getLocator() const;
+    /// Sets the locator: stores `value` without the spaces, tabs, line feeds
+    /// and carriage returns at its start and end (see ItemImpl::stripValue).
+    /// The facade calls it setItemLocator.
+    /// @param value the new locator.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setLocator(std::string const& value);
+    /// The play time held by this store; empty after construction.
+    /// @return a reference to the stored play time.
     std::string const& getPlaytime() const;
+    /// Sets the play time: stores `value` without the spaces, tabs, line feeds
+    /// and carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new play time.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setPlaytime(std::string const& value);
+    /// The thumbnail URL held by this store; empty after construction.
+    /// @return a reference to the stored thumbnail URL.
     std::string const& getThumbURL() const;
+    /// Sets the thumbnail URL: stores `value` without the spaces, tabs, line
+    /// feeds and carriage returns at its start and end (see
+    /// ItemImpl::stripValue).
+    /// @param value the new thumbnail URL.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setThumbURL(std::string const& value);
     //@}
 
     /// @name Station
-    //@{
     /// The broadcasting station's name and descriptions: stored as given.
+    //@{
+    /// The station name held by this store; empty after construction.
+    /// @return a reference to the stored station name.
     std::string const& getStationName() const;
+    /// Sets the station name: stores `value` as given, blanks included.
+    /// @param value the new station name.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setStationName(std::string const& value);
+    /// The station description held by this store; empty after construction.
+    /// @return a reference to the stored station description.
     std::string const& getStationDescription() const;
+    /// Sets the station description: stores `value` as given, blanks included.
+    /// @param value the new station description.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setStationDescription(std::string const& value);
+    /// The long station description held by this store; empty after
+    /// construction.
+    /// @return a reference to the stored long station description.
     std::string const& getLongStationDescription() const;
+    /// Sets the long station description: stores `value` as given, blanks
+    /// included.
+    /// @param value the new long station description.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setLongStationDescription(std::string const& value);
     //@}
 
     /// @name Description
-    //@{
     /// Title, genre, description, comment and date text: the setters trim.
+    //@{
+    /// The title held by this store; empty after construction.
+    /// @return a reference to the stored title.
     std::string const& getTitle() const;
+    /// Sets the title: stores `value` without the spaces, tabs, line feeds and
+    /// carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new title.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setTitle(std::string const& value);
+    /// The genre held by this store; empty after construction.
+    /// @return a reference to the stored genre.
     std::string const& getGenre() const;
+    /// Sets the genre: stores `value` without the spaces, tabs, line feeds and
+    /// carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new genre.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setGenre(std::string const& value);
+    /// The description held by this store; empty after construction.
+    /// @return a reference to the stored description.
     std::string const& getDescription() const;
+    /// Sets the description: stores `value` without the spaces, tabs, line
+    /// feeds and carriage returns at its start and end (see
+    /// ItemImpl::stripValue).
+    /// @param value the new description.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setDescription(std::string const& value);
+    /// The comment held by this store; empty after construction.
+    /// @return a reference to the stored comment.
     std::string const& getComment() const;
+    /// Sets the comment: stores `value` without the spaces, tabs, line feeds
+    /// and carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new comment.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setComment(std::string const& value);
+    /// The date text held by this store; empty after construction.
+    /// @return a reference to the stored date text.
     std::string const& getDate() const;
+    /// Sets the date text: stores `value` without the spaces, tabs, line feeds
+    /// and carriage returns at its start and end (see ItemImpl::stripValue).
+    /// @param value the new date text.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setDate(std::string const& value);
     //@}
 
     /// @name Administration
-    //@{
     /// User index, parental rating, file times, encryption and display
     /// rules: stored as given.
+    //@{
+    /// The user index held by this store; empty after construction.
+    /// @return a reference to the stored user index.
     std::string const& getUserIndex() const;
+    /// Sets the user index: stores `value` as given, blanks included.
+    /// @param value the new user index.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setUserIndex(std::string const& value);
+    /// The parental rating held by this store; empty after construction.
+    /// @return a reference to the stored parental rating.
     std::string const& getParentalRating() const;
+    /// Sets the parental rating: stores `value` as given, blanks included.
+    /// @param value the new parental rating.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setParentalRating(std::string const& value);
+    /// The creation time held by this store; empty after construction.
+    /// @return a reference to the stored creation time.
     std::string const& getCreationTime() const;
+    /// Sets the creation time: stores `value` as given, blanks included.
+    /// @param value the new creation time.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setCreationTime(std::string const& value);
+    /// The modification time held by this store; empty after construction.
+    /// @return a reference to the stored modification time.
     std::string const& getModificationTime() const;
+    /// Sets the modification time: stores `value` as given, blanks included.
+    /// @param value the new modification time.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setModificationTime(std::string const& value);
+    /// The encryption scheme held by this store; empty after construction.
+    /// @return a reference to the stored encryption scheme.
     std::string const& getEncryptionScheme() const;
+    /// Sets the encryption scheme: stores `value` as given, blanks included.
+    /// @param value the new encryption scheme.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setEncryptionScheme(std::string const& value);
+    /// The encryption data held by this store; empty after construction.
+    /// @return a reference to the stored encryption data.
     std::string const& getEncryptionInfo() const;
+    /// Sets the encryption data: stores `value` as given, blanks included.
+    /// @param value the new encryption data.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setEncryptionInfo(std::string const& value);
+    /// The display rules held by this store; empty after construction.
+    /// @return a reference to the stored display rules.
     std::string const& getDisplayRules() const;
+    /// Sets the display rules: stores `value` as given, blanks included.
+    /// @param value the new display rules.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setDisplayRules(std::string const& value);
     //@}
 
     /// @name Pages and encoding
-    //@{
     /// Preview and subtitle page numbers and the text encoding: stored as
     /// given, 0 initially.
+    //@{
+    /// The preview page held by this store; 0 after construction.
+    /// @return a reference to the stored preview page.
     int const& getPreviewPage() const;
+    /// Sets the preview page: stores `value` as given; every value is accepted.
+    /// @param value the new preview page.
     void setPreviewPage(int const& value);
+    /// The subtitle page held by this store; 0 after construction.
+    /// @return a reference to the stored subtitle page.
     int const& getSubtitlePage() const;
+    /// Sets the subtitle page: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new subtitle page.
     void setSubtitlePage(int const& value);
+    /// The text encoding held by this store; 0 after construction.
+    /// @return a reference to the stored text encoding.
     int const& getEncoding() const;
+    /// Sets the text encoding: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new text encoding.
     void setEncoding(int const& value);
     //@}
 
     /// @name Size, positions and flags
-    //@{
     /// Stored as given; numbers start at 0, the three flags at true.
+    //@{
+    /// The receivable flag held by this store; true after construction.
+    /// @return the receivable flag, by value.
     bool isReceivable() const;
+    /// Sets the receivable flag: stores `value`.
+    /// @param value the new receivable flag.
     void setReceivable(bool value);
+    /// The file size held by this store; 0 after construction.
+    /// @return a reference to the stored file size.
     unsigned long long const& getFileSize() const;
+    /// Sets the file size: stores `value` as given; every value is accepted.
+    /// @param value the new file size.
     void setFileSize(unsigned long long const& value);
+    /// The numeric date held by this store; 0 after construction.
+    /// @return a reference to the stored numeric date.
     long long const& getDateNumeric() const;
+    /// Sets the numeric date: stores `value` as given; every value is accepted.
+    /// @param value the new numeric date.
     void setDateNumeric(long long const& value);
+    /// The attributes held by this store; 0 after construction.
+    /// @return a reference to the stored attributes.
     int const& getAttributes() const;
+    /// Sets the attributes: stores `value` as given; every value is accepted.
+    /// @param value the new attributes.
     void setAttributes(int const& value);
+    /// The maximum position held by this store; 0 after construction.
+    /// @return a reference to the stored maximum position.
     unsigned int const& getMaxPosition() const;
+    /// Sets the maximum position: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new maximum position.
     void setMaxPosition(unsigned int const& value);
+    /// The resume position held by this store; 0 after construction.
+    /// @return a reference to the stored resume position.
     unsigned int const& getResumePosition() const;
+    /// Sets the resume position: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new resume position.
     void setResumePosition(unsigned int const& value);
+    /// The volume correction held by this store; 0 after construction.
+    /// @return a reference to the stored volume correction.
     int const& getVolumeCorrection() const;
+    /// Sets the volume correction: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new volume correction.
     void setVolumeCorrection(int const& value);
+    /// The visible flag held by this store; true after construction.
+    /// @return the visible flag, by value.
     bool isVisible() const;
+    /// Sets the visible flag: stores `value`.
+    /// @param value the new visible flag.
     void setVisible(bool value);
+    /// The selectable flag held by this store; true after construction.
+    /// @return the selectable flag, by value.
     bool isSelectable() const;
+    /// Sets the selectable flag: stores `value`.
+    /// @param value the new selectable flag.
     void setSelectable(bool value);
+    /// The sound selection held by this store; 0 after construction.
+    /// @return a reference to the stored sound selection.
     unsigned int const& getSoundSelection() const;
+    /// Sets the sound selection: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new sound selection.
     void setSoundSelection(unsigned int const& value);
     //@}
 
     /// @name Broadcast
-    //@{
     /// Tuner, logical channel number, EPG theme and network: stored as
     /// given; the network starts at -1, the numbers at 0.
+    //@{
+    /// The tuner identifier held by this store; empty after construction.
+    /// @return a reference to the stored tuner identifier.
     std::string const& getTunerUUID() const;
+    /// Sets the tuner identifier: stores `value` as given, blanks included.
+    /// @param value the new tuner identifier.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setTunerUUID(std::string const& value);
+    /// The logical channel number held by this store; 0 after construction.
+    /// @return a reference to the stored logical channel number.
     unsigned int const& getLcn() const;
+    /// Sets the logical channel number: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new logical channel number.
     void setLcn(unsigned int const& value);
+    /// The EPG theme held by this store; 0 after construction.
+    /// @return a reference to the stored EPG theme.
     int const& getEpgTheme() const;
+    /// Sets the EPG theme: stores `value` as given; every value is accepted.
+    /// @param value the new EPG theme.
     void setEpgTheme(int const& value);
+    /// The network identifier held by this store; -1 after construction (no
+    /// network), while a record without field store answers 0.
+    /// @return a reference to the stored network identifier.
     int const& getNetworkID() const;
+    /// Sets the network identifier: stores `value` as given; every value is
+    /// accepted.
+    /// @param value the new network identifier.
     void setNetworkID(int const& value);
     //@}
 
     /// @name Music
-    //@{
     /// Artist, album, album UUID, track number, year and bit rate text:
     /// stored as given.
+    //@{
+    /// The artist held by this store; empty after construction.
+    /// @return a reference to the stored artist.
     std::string const& getArtist() const;
+    /// Sets the artist: stores `value` as given, blanks included.
+    /// @param value the new artist.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setArtist(std::string const& value);
+    /// The album held by this store; empty after construction.
+    /// @return a reference to the stored album.
     std::string const& getAlbum() const;
+    /// Sets the album: stores `value` as given, blanks included.
+    /// @param value the new album.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setAlbum(std::string const& value);
+    /// The album identifier held by this store; empty after construction.
+    /// @return a reference to the stored album identifier.
     std::string const& getAlbumUUID() const;
+    /// Sets the album identifier: stores `value` as given, blanks included.
+    /// @param value the new album identifier.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setAlbumUUID(std::string const& value);
+    /// The track number held by this store; empty after construction.
+    /// @return a reference to the stored track number.
     std::string const& getTrackNum() const;
+    /// Sets the track number: stores `value` as given, blanks included.
+    /// @param value the new track number.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setTrackNum(std::string const& value);
+    /// The year held by this store; empty after construction.
+    /// @return a reference to the stored year.
     std::string const& getYear() const;
+    /// Sets the year: stores `value` as given, blanks included.
+    /// @param value the new year.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setYear(std::string const& value);
+    /// The bit rate held by this store; empty after construction.
+    /// @return a reference to the stored bit rate.
     std::string const& getBitrate() const;
+    /// Sets the bit rate: stores `value` as given, blanks included.
+    /// @param value the new bit rate.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setBitrate(std::string const& value);
     //@}
 
     /// @name Recording
-    //@{
     /// The recorder's details, text except the channel number: stored as
     /// given. These getters are not const on the store (they are on the
     /// facade).
+    //@{
+    /// The recording start time held by this store; empty after construction.
+    /// Not const here, unlike the facade's getRecStartTime.
+    /// @return a reference to the stored recording start time.
     std::string const& getRecStartTime();
+    /// Sets the recording start time: stores `value` as given, blanks included.
+    /// @param value the new recording start time.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecStartTime(std::string const& value);
+    /// The recording end time held by this store; empty after construction. Not
+    /// const here, unlike the facade's getRecEndTime.
+    /// @return a reference to the stored recording end time.
     std::string const& getRecEndTime();
+    /// Sets the recording end time: stores `value` as given, blanks included.
+    /// @param value the new recording end time.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecEndTime(std::string const& value);
+    /// The recording duration held by this store; empty after construction. Not
+    /// const here, unlike the facade's getRecDuration.
+    /// @return a reference to the stored recording duration.
     std::string const& getRecDuration();
+    /// Sets the recording duration: stores `value` as given, blanks included.
+    /// @param value the new recording duration.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecDuration(std::string const& value);
+    /// The recording transport stream ID held by this store; empty after
+    /// construction. Not const here, unlike the facade's getRecTsId.
+    /// @return a reference to the stored recording transport stream ID.
     std::string const& getRecTsId();
+    /// Sets the recording transport stream ID: stores `value` as given, blanks
+    /// included.
+    /// @param value the new recording transport stream ID.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecTsId(std::string const& value);
+    /// The recording service ID held by this store; empty after construction.
+    /// Not const here, unlike the facade's getRecServiceId.
+    /// @return a reference to the stored recording service ID.
     std::string const& getRecServiceId();
+    /// Sets the recording service ID: stores `value` as given, blanks included.
+    /// @param value the new recording service ID.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecServiceId(std::string const& value);
+    /// The recording original network ID held by this store; empty after
+    /// construction. Not const here, unlike the facade's getRecOnId.
+    /// @return a reference to the stored recording original network ID.
     std::string const& getRecOnId();
+    /// Sets the recording original network ID: stores `value` as given, blanks
+    /// included.
+    /// @param value the new recording original network ID.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecOnId(std::string const& value);
+    /// The recording event type held by this store; empty after construction.
+    /// Not const here, unlike the facade's getRecEventType.
+    /// @return a reference to the stored recording event type.
     std::string const& getRecEventType();
+    /// Sets the recording event type: stores `value` as given, blanks included.
+    /// @param value the new recording event type.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecEventType(std::string const& value);
+    /// The recording failure type held by this store; empty after construction.
+    /// Not const here, unlike the facade's getRecFailType.
+    /// @return a reference to the stored recording failure type.
     std::string const& getRecFailType();
+    /// Sets the recording failure type: stores `value` as given, blanks
+    /// included.
+    /// @param value the new recording failure type.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setRecFailType(std::string const& value);
+    /// The recording channel number held by this store; 0 after construction.
+    /// Not const here, unlike the facade's getRecChnum.
+    /// @return a reference to the stored recording channel number.
     int const& getRecChnum();
+    /// Sets the recording channel number: stores `value` as given; every value
+    /// is accepted.
+    /// @param value the new recording channel number.
     void setRecChnum(int const& value);
     //@}
 
@@ -348,197 +657,645 @@ class MA_COMMON_EXPORT ItemInfo {
   virtual ItemInfo* duplicate() const = 0;
 
   /// @name Identity
-  //@{
   /// Kind, sub-kind, caption and identifier. setCaption trims; the sub-type
   /// is stored as given; the UUID is fixed at construction and has no
   /// setter. Without store: ITEM_TYPE_UNKNOWN and `empty`; the sub-type
   /// accessors write the located line "...(): Impl is NULL." instead.
+  //@{
+  /// The kind of content the record describes, one single-bit value of
+  /// itemType. The kind constructor sets the value of its kind
+  /// (ITEM_TYPE_FOLDER for a FolderItemInfo, ...); only ItemImpl::setItemType
+  /// changes it, and nothing then keeps the facade class in step. Compared by
+  /// operator== and shown by toString on its first line.
+  /// @return the item type; ITEM_TYPE_UNKNOWN without a field store.
   itemType getItemType() const;
+  /// A finer kind chosen by the service, free text such as "channel" or
+  /// "recording"; the library does not interpret it. Empty after construction.
+  /// Shown by toString when not empty; operator== leaves it out.
+  /// @return the item sub-type; ItemInfo::empty ("") without a field store.
   std::string const& getItemSubType() const;
+  /// Sets the item sub-type: stores `value` as given, blanks included. Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new item sub-type.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setItemSubType(std::string const& value);
+  /// The name under which the item is listed. VfsFixedFolder::findEntry looks
+  /// children up by it, and the "+dc:title" and "-dc:title" orders sort by it
+  /// (byte-wise), not by the title. The first constructor argument, as given
+  /// (construction does not trim). Compared by operator== and shown by toString
+  /// when not empty.
+  /// @return the caption; ItemInfo::empty ("") without a field store.
   std::string const& getCaption() const;
+  /// Sets the caption: stores `value` without the spaces, tabs, line feeds and
+  /// carriage returns at its start and end (see ItemImpl::stripValue). Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new caption.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setCaption(std::string const& value);
+  /// The identifier of the item: "UUID..." path queries, VfsEntry::findUuid and
+  /// VfsFixedFolder::findEntrybyUUID look items up by it. Nothing checks that
+  /// it is unique. The second constructor argument, as given; it has no setter
+  /// and never changes. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the identifier; ItemInfo::empty ("") without a field store.
   std::string const& getUUID() const;
   //@}
 
   /// @name Origin
-  //@{
   /// Where the item was found or made: the original ancestor, creator,
   /// original UUID and volume. Stored as given; without store `empty`.
+  //@{
+  /// The container the item originally belonged to, as text (an identifier or a
+  /// name, as the service writes it). Empty after construction. Compared by
+  /// operator== and shown by toString when not empty.
+  /// @return the original ancestor; ItemInfo::empty ("") without a field store.
   std::string const& getOriginalAncestor() const;
+  /// Sets the original ancestor: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new original ancestor.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setOriginalAncestor(std::string const& value);
+  /// Who made the content (author, producer or recording device), as text.
+  /// Empty after construction. Compared by operator== and shown by toString
+  /// when not empty.
+  /// @return the creator; ItemInfo::empty ("") without a field store.
   std::string const& getCreator() const;
+  /// Sets the creator: stores `value` as given, blanks included. Without a
+  /// field store it changes nothing and traces.
+  /// @param value the new creator.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setCreator(std::string const& value);
+  /// The identifier of the item this one was copied or derived from. Empty
+  /// after construction. Shown by toString when not empty; operator== leaves it
+  /// out.
+  /// @return the original identifier; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getOriginalUuid() const;
+  /// Sets the original identifier: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new original identifier.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setOriginalUuid(std::string const& value);
+  /// The volume (disk, USB stick, network share) the content was first found
+  /// on. Empty after construction. Shown by toString when not empty; operator==
+  /// leaves it out.
+  /// @return the original volume; ItemInfo::empty ("") without a field store.
   std::string const& getOriginalVolume() const;
+  /// Sets the original volume: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new original volume.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setOriginalVolume(std::string const& value);
   //@}
 
   /// @name Location and play time
-  //@{
   /// Where the content is (locator), its play time and its thumbnail URL.
   /// The setters trim; without store `empty`.
+  //@{
+  /// Where a player finds the content, usually a selection URI such as
+  /// "file://usb0/Music/a.mp3" built with mdcSelectionCreate. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the locator; ItemInfo::empty ("") without a field store.
   std::string const& getItemLocator() const;
+  /// Sets the locator: stores `value` without the spaces, tabs, line feeds and
+  /// carriage returns at its start and end (see ItemImpl::stripValue). Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new locator.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setItemLocator(std::string const& value);
+  /// How long the content plays, as text such as "00:42:17". Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the play time; ItemInfo::empty ("") without a field store.
   std::string const& getPlaytime() const;
+  /// Sets the play time: stores `value` without the spaces, tabs, line feeds
+  /// and carriage returns at its start and end (see ItemImpl::stripValue).
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new play time.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setPlaytime(std::string const& value);
+  /// The address of a small picture that stands for the item in a list. Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the thumbnail URL; ItemInfo::empty ("") without a field store.
   std::string const& getThumbURL() const;
+  /// Sets the thumbnail URL: stores `value` without the spaces, tabs, line
+  /// feeds and carriage returns at its start and end (see
+  /// ItemImpl::stripValue). Without a field store it changes nothing and
+  /// traces.
+  /// @param value the new thumbnail URL.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setThumbURL(std::string const& value);
   //@}
 
   /// @name Station
-  //@{
   /// The broadcasting station's name, description and long description.
   /// Stored as given; without store `empty`.
+  //@{
+  /// The name of the broadcasting station (channel) the content comes from.
+  /// Empty after construction. Compared by operator== and shown by toString
+  /// when not empty.
+  /// @return the station name; ItemInfo::empty ("") without a field store.
   std::string const& getStationName() const;
+  /// Sets the station name: stores `value` as given, blanks included. Without a
+  /// field store it changes nothing and traces.
+  /// @param value the new station name.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setStationName(std::string const& value);
+  /// A short description of the broadcasting station. Empty after construction.
+  /// Compared by operator== and shown by toString when not empty.
+  /// @return the station description; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getStationDescription() const;
+  /// Sets the station description: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new station description.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setStationDescription(std::string const& value);
+  /// The full description of the broadcasting station, beside the short one of
+  /// getStationDescription. Empty after construction. Compared by operator==
+  /// and shown by toString when not empty.
+  /// @return the long station description; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getLongStationDescription() const;
+  /// Sets the long station description: stores `value` as given, blanks
+  /// included. Without a field store it changes nothing and traces.
+  /// @param value the new long station description.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setLongStationDescription(std::string const& value);
   //@}
 
   /// @name Description
-  //@{
   /// Title, genre, description, comment and date as text. The setters trim;
   /// without store `empty`.
+  //@{
+  /// The title of the content itself (a programme, a film, a track), which may
+  /// differ from the caption it is listed under; no sort order uses it. Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the title; ItemInfo::empty ("") without a field store.
   std::string const& getTitle() const;
+  /// Sets the title: stores `value` without the spaces, tabs, line feeds and
+  /// carriage returns at its start and end (see ItemImpl::stripValue). Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new title.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setTitle(std::string const& value);
+  /// The genre of the content as text, such as "Jazz" or "Documentary". Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the genre; ItemInfo::empty ("") without a field store.
   std::string const& getGenre() const;
+  /// Sets the genre: stores `value` without the spaces, tabs, line feeds and
+  /// carriage returns at its start and end (see ItemImpl::stripValue). Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new genre.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setGenre(std::string const& value);
+  /// A longer text about the content, such as a programme synopsis. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the description; ItemInfo::empty ("") without a field store.
   std::string const& getDescription() const;
+  /// Sets the description: stores `value` without the spaces, tabs, line feeds
+  /// and carriage returns at its start and end (see ItemImpl::stripValue).
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new description.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setDescription(std::string const& value);
+  /// A free remark on the item, from the content or the user. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the comment; ItemInfo::empty ("") without a field store.
   std::string const& getComment() const;
+  /// Sets the comment: stores `value` without the spaces, tabs, line feeds and
+  /// carriage returns at its start and end (see ItemImpl::stripValue). Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new comment.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setComment(std::string const& value);
+  /// The date of the content as text for display; the date orders sort by
+  /// getDateNumeric instead, and nothing keeps the two in step. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the date text; ItemInfo::empty ("") without a field store.
   std::string const& getDate() const;
+  /// Sets the date text: stores `value` without the spaces, tabs, line feeds
+  /// and carriage returns at its start and end (see ItemImpl::stripValue).
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new date text.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setDate(std::string const& value);
   //@}
 
   /// @name Administration
-  //@{
   /// User index, parental rating, creation and modification time, encryption
   /// scheme and data, display rules. Stored as given; without store `empty`.
+  //@{
+  /// A position or key the user gave the item (a favourite number, a list
+  /// position), as text. Empty after construction. Compared by operator== and
+  /// shown by toString when not empty.
+  /// @return the user index; ItemInfo::empty ("") without a field store.
   std::string const& getUserIndex() const;
+  /// Sets the user index: stores `value` as given, blanks included. Without a
+  /// field store it changes nothing and traces.
+  /// @param value the new user index.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setUserIndex(std::string const& value);
+  /// The age rating of the content, as text (the library enforces nothing).
+  /// Empty after construction. Shown by toString when not empty; operator==
+  /// leaves it out.
+  /// @return the parental rating; ItemInfo::empty ("") without a field store.
   std::string const& getParentalRating() const;
+  /// Sets the parental rating: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new parental rating.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setParentalRating(std::string const& value);
+  /// When the content (file or recording) was created, as text. Empty after
+  /// construction. Shown by toString when not empty; operator== leaves it out.
+  /// @return the creation time; ItemInfo::empty ("") without a field store.
   std::string const& getCreationTime() const;
+  /// Sets the creation time: stores `value` as given, blanks included. Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new creation time.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setCreationTime(std::string const& value);
+  /// When the content was last changed, as text. Empty after construction.
+  /// Shown by toString when not empty; operator== leaves it out.
+  /// @return the modification time; ItemInfo::empty ("") without a field store.
   std::string const& getModificationTime() const;
+  /// Sets the modification time: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new modification time.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setModificationTime(std::string const& value);
+  /// The name of the scheme that protects the content, such as "aes-128-cbc";
+  /// "" for unprotected content. Empty after construction. Shown by toString
+  /// when not empty; operator== leaves it out.
+  /// @return the encryption scheme; ItemInfo::empty ("") without a field store.
   std::string const& getEncryptionScheme() const;
+  /// Sets the encryption scheme: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new encryption scheme.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setEncryptionScheme(std::string const& value);
+  /// What a player needs beside the scheme to open protected content, such as a
+  /// key reference. Empty after construction. Shown by toString when not empty;
+  /// operator== leaves it out.
+  /// @return the encryption data; ItemInfo::empty ("") without a field store.
   std::string const& getEncryptionInfo() const;
+  /// Sets the encryption data: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new encryption data.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setEncryptionInfo(std::string const& value);
+  /// Rules for how or when the item may be shown, as text the service defines.
+  /// Empty after construction. Shown by toString when not empty; operator==
+  /// leaves it out.
+  /// @return the display rules; ItemInfo::empty ("") without a field store.
   std::string const& getDisplayRules() const;
+  /// Sets the display rules: stores `value` as given, blanks included. Without
+  /// a field store it changes nothing and traces.
+  /// @param value the new display rules.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setDisplayRules(std::string const& value);
   //@}
 
   /// @name Pages and encoding
-  //@{
   /// Teletext preview and subtitle pages and the text encoding, 0 after
   /// construction. Stored as given; without store `i32zero`.
+  //@{
+  /// The teletext page shown as a preview of the content. 0 after construction.
+  /// Neither compared by operator== nor shown by toString.
+  /// @return the preview page; ItemInfo::i32zero (0) without a field store.
   int const& getPreviewPage() const;
+  /// Sets the preview page: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new preview page.
   void setPreviewPage(int const& value);
+  /// The teletext page that carries the subtitles. 0 after construction.
+  /// Neither compared by operator== nor shown by toString.
+  /// @return the subtitle page; ItemInfo::i32zero (0) without a field store.
   int const& getSubtitlePage() const;
+  /// Sets the subtitle page: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new subtitle page.
   void setSubtitlePage(int const& value);
+  /// The character encoding of the item's texts, as a code the service defines
+  /// (the library stores texts as bytes and converts nothing). 0 after
+  /// construction. Neither compared by operator== nor shown by toString.
+  /// @return the text encoding; ItemInfo::i32zero (0) without a field store.
   int const& getEncoding() const;
+  /// Sets the text encoding: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new text encoding.
   void setEncoding(int const& value);
   //@}
 
   /// @name Size, positions and flags
-  //@{
   /// File size, numeric date, attributes, positions, volume correction,
   /// sound selection (0 after construction) and the receivable, visible and
   /// selectable flags (true after construction). Stored as given; without
   /// store the matching zero static (`zero`, `i64zero`, `i32zero`,
   /// `u32zero`) or false.
+  //@{
+  /// Whether the content can be received or played now (false, for example, for
+  /// a channel without signal). True after construction. Neither compared by
+  /// operator== nor shown by toString.
+  /// @return the receivable flag; false without a field store.
   bool isReceivable() const;
+  /// Sets the receivable flag: stores `value`. Without a field store it changes
+  /// nothing and traces.
+  /// @param value the new receivable flag.
   void setReceivable(bool value);
+  /// The size of the content in bytes. 0 after construction. Shown by toString
+  /// when not 0; operator== leaves it out.
+  /// @return the file size; ItemInfo::zero (0) without a field store.
   unsigned long long const& getFileSize() const;
+  /// Sets the file size: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new file size.
   void setFileSize(unsigned long long const& value);
+  /// The date of the content as a number, such as seconds since 1970: the fixed
+  /// folder's date orders sort by it (newest first for the default order). 0
+  /// after construction. Shown by toString when not 0; operator== leaves it
+  /// out.
+  /// @return the numeric date; ItemInfo::i64zero (0) without a field store.
   long long const& getDateNumeric() const;
+  /// Sets the numeric date: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new numeric date.
   void setDateNumeric(long long const& value);
+  /// Attribute bits the service defines (the library sets and tests none). 0
+  /// after construction. Neither compared by operator== nor shown by toString.
+  /// @return the attributes; ItemInfo::i32zero (0) without a field store.
   int const& getAttributes() const;
+  /// Sets the attributes: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new attributes.
   void setAttributes(int const& value);
+  /// The last play position of the content, in the unit the player uses for
+  /// positions. 0 after construction. Neither compared by operator== nor shown
+  /// by toString.
+  /// @return the maximum position; ItemInfo::u32zero (0) without a field store.
   unsigned int const& getMaxPosition() const;
+  /// Sets the maximum position: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new maximum position.
   void setMaxPosition(unsigned int const& value);
+  /// The play position at which playing resumes, in the unit of getMaxPosition.
+  /// 0 after construction. Shown by toString when not 0; operator== leaves it
+  /// out.
+  /// @return the resume position; ItemInfo::u32zero (0) without a field store.
   unsigned int const& getResumePosition() const;
+  /// Sets the resume position: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new resume position.
   void setResumePosition(unsigned int const& value);
+  /// A signed adjustment of the sound volume for this content. 0 after
+  /// construction. Neither compared by operator== nor shown by toString.
+  /// @return the volume correction; ItemInfo::i32zero (0) without a field
+  /// store.
   int const& getVolumeCorrection() const;
+  /// Sets the volume correction: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new volume correction.
   void setVolumeCorrection(int const& value);
+  /// Whether a client lists the item at all. True after construction. Neither
+  /// compared by operator== nor shown by toString.
+  /// @return the visible flag; false without a field store.
   bool isVisible() const;
+  /// Sets the visible flag: stores `value`. Without a field store it changes
+  /// nothing and traces.
+  /// @param value the new visible flag.
   void setVisible(bool value);
+  /// Whether the user may select (open or play) the item. True after
+  /// construction. Neither compared by operator== nor shown by toString.
+  /// @return the selectable flag; false without a field store.
   bool isSelectable() const;
+  /// Sets the selectable flag: stores `value`. Without a field store it changes
+  /// nothing and traces.
+  /// @param value the new selectable flag.
   void setSelectable(bool value);
+  /// Which sound track of the content is chosen, as a number the service
+  /// defines. 0 after construction. Neither compared by operator== nor shown by
+  /// toString.
+  /// @return the sound selection; ItemInfo::u32zero (0) without a field store.
   unsigned int const& getSoundSelection() const;
+  /// Sets the sound selection: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new sound selection.
   void setSoundSelection(unsigned int const& value);
   //@}
 
   /// @name Broadcast
-  //@{
   /// Tuner UUID, logical channel number, EPG theme and network ID (-1 after
   /// construction, the others 0 or empty). Stored as given; without store
   /// `empty`, `u32zero` or `i32zero` (so the network answers 0).
+  //@{
+  /// The identifier of the tuner that receives the content. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the tuner identifier; ItemInfo::empty ("") without a field store.
   std::string const& getTunerUUID() const;
+  /// Sets the tuner identifier: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new tuner identifier.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setTunerUUID(std::string const& value);
+  /// The channel number under which the viewer selects the station. 0 after
+  /// construction. Compared by operator==; toString does not show it.
+  /// @return the logical channel number; ItemInfo::u32zero (0) without a field
+  /// store.
   unsigned int const& getLcn() const;
+  /// Sets the logical channel number: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new logical channel number.
   void setLcn(unsigned int const& value);
+  /// The content category of the programme guide (news, sport, film, ...), as
+  /// the guide's code. 0 after construction. Compared by operator==; toString
+  /// does not show it.
+  /// @return the EPG theme; ItemInfo::i32zero (0) without a field store.
   int const& getEpgTheme() const;
+  /// Sets the EPG theme: stores `value` as given; every value is accepted.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new EPG theme.
   void setEpgTheme(int const& value);
+  /// The identifier of the broadcast network the content comes from. -1 after
+  /// construction (no network), while a record without field store answers 0.
+  /// Compared by operator==; toString does not show it.
+  /// @return the network identifier; ItemInfo::i32zero (0) without a field
+  /// store.
   int const& getNetworkID() const;
+  /// Sets the network identifier: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new network identifier.
   void setNetworkID(int const& value);
   //@}
 
   /// @name Music
-  //@{
   /// Artist, album, album UUID, track number, year and bit rate, all text.
   /// Stored as given; without store `empty`.
+  //@{
+  /// The performing artist of a music track. Empty after construction. Compared
+  /// by operator==; toString does not show it.
+  /// @return the artist; ItemInfo::empty ("") without a field store.
   std::string const& getArtist() const;
+  /// Sets the artist: stores `value` as given, blanks included. Without a field
+  /// store it changes nothing and traces.
+  /// @param value the new artist.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setArtist(std::string const& value);
+  /// The name of the album a track belongs to. Empty after construction.
+  /// Compared by operator==; toString does not show it.
+  /// @return the album; ItemInfo::empty ("") without a field store.
   std::string const& getAlbum() const;
+  /// Sets the album: stores `value` as given, blanks included. Without a field
+  /// store it changes nothing and traces.
+  /// @param value the new album.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setAlbum(std::string const& value);
+  /// The identifier of the album a track belongs to, for grouping tracks by
+  /// album. Empty after construction. Compared by operator==; toString does not
+  /// show it.
+  /// @return the album identifier; ItemInfo::empty ("") without a field store.
   std::string const& getAlbumUUID() const;
+  /// Sets the album identifier: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new album identifier.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setAlbumUUID(std::string const& value);
+  /// The position of a track on its album, as text. Empty after construction.
+  /// Compared by operator==; toString does not show it.
+  /// @return the track number; ItemInfo::empty ("") without a field store.
   std::string const& getTrackNum() const;
+  /// Sets the track number: stores `value` as given, blanks included. Without a
+  /// field store it changes nothing and traces.
+  /// @param value the new track number.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setTrackNum(std::string const& value);
+  /// The year the content was published, as text such as "1959". Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the year; ItemInfo::empty ("") without a field store.
   std::string const& getYear() const;
+  /// Sets the year: stores `value` as given, blanks included. Without a field
+  /// store it changes nothing and traces.
+  /// @param value the new year.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setYear(std::string const& value);
+  /// The bit rate of the encoded content, as text such as "1411". Empty after
+  /// construction. Compared by operator==; toString does not show it.
+  /// @return the bit rate; ItemInfo::empty ("") without a field store.
   std::string const& getBitrate() const;
+  /// Sets the bit rate: stores `value` as given, blanks included. Without a
+  /// field store it changes nothing and traces.
+  /// @param value the new bit rate.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setBitrate(std::string const& value);
   //@}
 
   /// @name Recording
-  //@{
   /// The recorder's start, end and duration, transport stream, service and
   /// original network IDs, event and failure type (text) and channel number.
   /// Stored as given; without store `empty` or `i32zero`.
+  //@{
+  /// When the recorder started (or is to start) recording, as text. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the recording start time; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecStartTime() const;
+  /// Sets the recording start time: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording start time.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecStartTime(std::string const& value);
+  /// When the recorder stopped (or is to stop) recording, as text. Empty after
+  /// construction. Compared by operator== and shown by toString when not empty.
+  /// @return the recording end time; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecEndTime() const;
+  /// Sets the recording end time: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording end time.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecEndTime(std::string const& value);
+  /// How long the recording lasts, as text. Empty after construction. Compared
+  /// by operator== and shown by toString when not empty.
+  /// @return the recording duration; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecDuration() const;
+  /// Sets the recording duration: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording duration.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecDuration(std::string const& value);
+  /// The transport stream identifier of the recorded service, as text. Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the recording transport stream ID; ItemInfo::empty ("") without a
+  /// field store.
   std::string const& getRecTsId() const;
+  /// Sets the recording transport stream ID: stores `value` as given, blanks
+  /// included. Without a field store it changes nothing and traces.
+  /// @param value the new recording transport stream ID.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecTsId(std::string const& value);
+  /// The service identifier of the recorded programme's channel, as text. Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the recording service ID; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecServiceId() const;
+  /// Sets the recording service ID: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording service ID.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecServiceId(std::string const& value);
+  /// The original network identifier of the recorded service, as text. Empty
+  /// after construction. Compared by operator== and shown by toString when not
+  /// empty.
+  /// @return the recording original network ID; ItemInfo::empty ("") without a
+  /// field store.
   std::string const& getRecOnId() const;
+  /// Sets the recording original network ID: stores `value` as given, blanks
+  /// included. Without a field store it changes nothing and traces.
+  /// @param value the new recording original network ID.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecOnId(std::string const& value);
+  /// The recorder's state or event for this recording, as text such as
+  /// "running". Empty after construction. Compared by operator== and shown by
+  /// toString when not empty.
+  /// @return the recording event type; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecEventType() const;
+  /// Sets the recording event type: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording event type.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecEventType(std::string const& value);
+  /// Why the recording failed, as text; "" for a recording without failure.
+  /// Empty after construction. Compared by operator== and shown by toString
+  /// when not empty.
+  /// @return the recording failure type; ItemInfo::empty ("") without a field
+  /// store.
   std::string const& getRecFailType() const;
+  /// Sets the recording failure type: stores `value` as given, blanks included.
+  /// Without a field store it changes nothing and traces.
+  /// @param value the new recording failure type.
+  /// @throws std::bad_alloc if the copy cannot be allocated.
   void setRecFailType(std::string const& value);
+  /// The channel number the recording was made from. 0 after construction.
+  /// Compared by operator== and shown by toString when not 0.
+  /// @return the recording channel number; ItemInfo::i32zero (0) without a
+  /// field store.
   int const& getRecChnum() const;
+  /// Sets the recording channel number: stores `value` as given; every value is
+  /// accepted. Without a field store it changes nothing and traces.
+  /// @param value the new recording channel number.
   void setRecChnum(int const& value);
   //@}
 
   /// @name Actor and director
-  //@{
   /// Through the store's virtual slots: only a video store keeps them (as
   /// given); other stores answer `empty` and ignore the setters. Without
   /// store `empty`.
+  //@{
   std::string const& getActor() const;
   void setActor(std::string const& value);
   std::string const& getDirector() const;
@@ -556,9 +1313,9 @@ class MA_COMMON_EXPORT ItemInfo {
   bool operator!=(ItemInfo const& other);
 
   /// @name Neutral answers
-  //@{
   /// What the getters of a facade without store answer: zero or empty,
   /// never changed.
+  //@{
   static const unsigned long long zero;
   static const long long i64zero;
   static const int i32zero;

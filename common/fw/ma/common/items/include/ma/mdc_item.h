@@ -12,8 +12,16 @@
 ///
 /// A facade owns its store. A facade may have no store at all (made by a copy
 /// from another kind, or given a null store): every accessor then writes
-/// "<accessor>(): impl is NULL" on the debug trace and answers a neutral value
-/// (an empty string, zero, false, or ITEM_TYPE_UNKNOWN).
+/// "<accessor>(): impl is NULL" on the debug trace (the VFS module's failure
+/// level, 375 * 65536 + 3000) and answers a neutral value (an empty string,
+/// zero, false, or ITEM_TYPE_UNKNOWN).
+///
+/// Exceptions: the library throws none of its own. What passes through comes
+/// from the string type: std::bad_alloc where a function copies or builds a
+/// string (each such function says so); every other function here throws
+/// nothing. Passing a null `const char*` where a std::string is expected
+/// throws std::logic_error ("basic_string::_M_construct null not valid")
+/// while the argument is built, before the library is called.
 ///
 /// Thread-safety: a record is not locked. Several threads may read one record;
 /// a thread that changes a record needs outside synchronisation.
@@ -45,13 +53,15 @@ enum itemType {
 /// (FolderItemInfo, VideoItemInfo, ...), which own their field store.
 ///
 /// The accessors come in groups of fields. Getters answer a const reference
-/// to the stored field (flags, and the item type, by value); number setters
-/// take a const reference, flag setters a value. Setters marked "trim" store
-/// the value without the blanks " \t\n\r" at its start and end (see
-/// ItemImpl::stripValue); the others store it as given. Without a store,
-/// each accessor writes "<accessor>(): impl is NULL" on the debug trace, a
-/// getter answers the neutral value named in its group, and a setter does
-/// nothing.
+/// to the stored field (flags, and the item type, by value), which stays
+/// valid until the field is set again or the store is destroyed; number
+/// setters take a const reference, flag setters a value. A setter either
+/// trims (stores the value without the spaces, tabs, line feeds and carriage
+/// returns at its start and end, see ItemImpl::stripValue) or stores the
+/// value as given; each says which. Without a store, each accessor writes
+/// "<accessor>(): impl is NULL" on the debug trace, a getter answers the
+/// neutral value it names (one of the constant statics below, false or
+/// ITEM_TYPE_UNKNOWN), and a setter changes nothing.
 class MA_COMMON_EXPORT ItemInfo {
  public:
   /// The field store: every field of the record, with its accessors. Its
@@ -60,27 +70,54 @@ class MA_COMMON_EXPORT ItemInfo {
   /// assignable; the kind stores below only mark the kind by their class.
   class MA_COMMON_EXPORT ItemImpl {
    public:
-    /// Stores the three values; every other field gets its initial value.
-    /// Caption and UUID are stored as given (not trimmed).
+    /// Stores the three values; every other field gets its initial value
+    /// (empty texts, 0, true flags, network -1). Caption and UUID are stored
+    /// as given (not trimmed).
+    /// @param type the kind the store reports through getItemType.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed and never changed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     ItemImpl(itemType type, std::string const& caption, std::string const& uuid);
     /// Copies every field, the reserved word without accessors included.
+    /// @param other the store to copy; only its ItemImpl part is copied.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     ItemImpl(ItemImpl const& other);
-    /// Assigns every field.
+    /// Assigns every field (the ItemImpl part only: a video store's own
+    /// fields are neither read nor changed).
+    /// @return this store.
+    /// @throws std::bad_alloc if a string copy cannot be allocated; the
+    /// fields assigned before it keep their new values.
     ItemImpl& operator=(ItemImpl const&) = default;
     /// Destroys the fields.
     virtual ~ItemImpl();
 
-    /// The multi-line diagnostic text of the fields that carry information.
+    /// The multi-line diagnostic text: one line "<label><value>" per field
+    /// that carries information (text not empty, number not 0; the item type
+    /// always), in a fixed order with fixed labels, for logs only. Flags,
+    /// pages, encoding, attributes, the maximum position, the volume
+    /// correction, the sound selection, the logical channel number, the EPG theme,
+    /// the network ID and the music fields other than the year are never
+    /// shown.
+    /// @return the text, each line ended by a line feed.
+    /// @throws std::bad_alloc if the text cannot be allocated.
     virtual std::string toString() const;
 
-    /// Actor and director: only the video store holds them. Here the getters
-    /// answer ItemImpl::empty and the setters do nothing.
+    /// The actor slot, which holds no data here: only the video store keeps
+    /// an actor.
+    /// @return ItemImpl::empty (""), whatever was set.
     virtual std::string const& getActor() const;
-    /// Does nothing here; the video store keeps the value as given.
+    /// The actor slot's setter, which ignores its argument here: only the
+    /// video store keeps an actor.
+    /// @param value the actor, not stored.
     virtual void setActor(std::string const& value);
-    /// ItemImpl::empty here; the video store answers its director.
+    /// The director slot, which holds no data here: only the video store
+    /// keeps a director.
+    /// @return ItemImpl::empty (""), whatever was set.
     virtual std::string const& getDirector() const;
-    /// Does nothing here; the video store keeps the value as given.
+    /// The director slot's setter, which ignores its argument here: only the
+    /// video store keeps a director.
+    /// @param value the director, not stored.
     virtual void setDirector(std::string const& value);
 
     /// @name Identity
@@ -570,11 +607,17 @@ class MA_COMMON_EXPORT ItemInfo {
     void setRecChnum(int const& value);
     //@}
 
-    /// `value` without the blanks " \t\n\r" at its start and end; inner
-    /// characters are kept. An empty or all-blank value gives "".
+    /// The trimming of the setters that trim: `value` without the blanks at
+    /// its start and end. The blanks are exactly space, tab, line feed and
+    /// carriage return (" \t\n\r"); vertical tab, form feed and non-ASCII
+    /// spaces are kept. Inner characters, blank or not, are kept.
+    /// @param value the text to trim.
+    /// @return the trimmed copy; "" for an empty or all-blank value.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     static std::string stripValue(std::string const& value);
 
-    /// The empty string answered by the base actor and director getters.
+    /// The empty string answered by the base actor and director getters;
+    /// never changed.
     static const std::string empty;
 
    private:
@@ -640,20 +683,28 @@ class MA_COMMON_EXPORT ItemInfo {
     int m_recChnum;
   };
 
-  /// A facade without store.
+  /// A facade without store, for the kind classes to fill in.
   ItemInfo();
-  /// A facade without store: the kind copy constructors copy the store.
+  /// A facade without store, whatever `other` holds: the kind copy
+  /// constructors copy the store.
+  /// @param other the record being copied; not read here.
   ItemInfo(ItemInfo const& other);
-  /// Adopts `impl` (may be null); the kind destructors delete it.
+  /// A facade over `impl`, which it adopts without checking its class; the
+  /// kind destructors delete it.
+  /// @param impl the field store to own, or null for a facade without store.
   ItemInfo(ItemImpl* impl);
-  /// Records are copied with the kind copy constructors or duplicate(); an
-  /// assignment would share the store between two owners.
+  /// Not available: records are copied with the kind copy constructors or
+  /// duplicate(); an assignment would share the store between two owners.
+  /// @return never returns (deleted).
   ItemInfo& operator=(ItemInfo const&) = delete;
   /// Leaves the store alone: the kind destructors delete it.
   virtual ~ItemInfo();
 
-  /// A new heap copy of the same kind, made by the kind's copy constructor.
-  /// The caller owns it.
+  /// A new heap copy of the same kind, made by the kind's copy constructor
+  /// (so a store of another kind is not copied, see the kind classes).
+  /// @return the copy, allocated with new; the caller owns it and deletes
+  /// it through this base class.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   virtual ItemInfo* duplicate() const = 0;
 
   /// @name Identity
@@ -1296,30 +1347,82 @@ class MA_COMMON_EXPORT ItemInfo {
   /// given); other stores answer `empty` and ignore the setters. Without
   /// store `empty`.
   //@{
+  /// The performer credited in a video, through the store's virtual slot:
+  /// a video store answers what setActor stored (as given, blanks included),
+  /// every other store "". Empty after construction. Compared by operator==;
+  /// shown by a video store's toString when not empty.
+  /// @return the actor; ItemInfo::empty ("") without a field store, and
+  /// ItemImpl::empty ("") from a store of another kind.
   std::string const& getActor() const;
+  /// Sets the actor of a video: a video store stores `value` as given,
+  /// blanks included; any other store ignores it. Without a field store it
+  /// changes nothing and traces.
+  /// @param value the new actor.
+  /// @throws std::bad_alloc if a video store's copy cannot be allocated.
   void setActor(std::string const& value);
+  /// The person who directed a video, through the store's virtual slot: a
+  /// video store answers what setDirector stored (as given, blanks
+  /// included), every other store "". Empty after construction. Compared by
+  /// operator==; shown by a video store's toString when not empty.
+  /// @return the director; ItemInfo::empty ("") without a field store, and
+  /// ItemImpl::empty ("") from a store of another kind.
   std::string const& getDirector() const;
+  /// Sets the director of a video: a video store stores `value` as given,
+  /// blanks included; any other store ignores it. Without a field store it
+  /// changes nothing and traces.
+  /// @param value the new director.
+  /// @throws std::bad_alloc if a video store's copy cannot be allocated.
   void setDirector(std::string const& value);
   //@}
 
-  /// The store's text dump, or "" without store.
+  /// The store's text dump for logs (see ItemImpl::toString; a video store
+  /// adds its own fields).
+  /// @return the dump; "" without a field store, after the trace line
+  /// "toString(): impl is NULL".
+  /// @throws std::bad_alloc if the text cannot be allocated.
   std::string toString() const;
 
-  /// Compares identity, kind and the display, broadcast and recording fields,
-  /// in a fixed order, and stops at the first difference. Sizes, positions,
-  /// file times, protection data and flags take no part.
+  /// Whether two records describe the same content. Reads, through the
+  /// getters of both records, in this order: UUID, item type, play time,
+  /// thumbnail URL, locator, caption, station name, station description,
+  /// long station description, title, artist, album, album UUID, track
+  /// number, user index, genre, year, bit rate, actor, director,
+  /// description, comment, date text, tuner UUID, logical channel number,
+  /// EPG theme, network ID, the recording's start, end, duration, transport
+  /// stream ID, service ID, original network ID, event type, failure type
+  /// and channel number, original ancestor and creator; it stops at the
+  /// first pair that differs. Texts compare byte for byte. The record
+  /// classes are not compared, only the stored item types. The sub-type,
+  /// the original UUID and volume, the administration texts other than the
+  /// user index, the file size, the numeric date, the positions, pages,
+  /// encoding, attributes, volume correction, sound selection, the flags and
+  /// the video start and end times take no part. A record without field
+  /// store compares as its neutral answers (and traces once per getter
+  /// called), so two such records are equal.
+  /// @param other the record to compare with.
+  /// @return true if every compared field is equal.
   bool operator==(ItemInfo const& other);
-  /// The negation of operator==.
+  /// Whether two records differ in a field that operator== compares.
+  /// @param other the record to compare with.
+  /// @return the negation of operator==(other).
   bool operator!=(ItemInfo const& other);
 
   /// @name Neutral answers
   /// What the getters of a facade without store answer: zero or empty,
   /// never changed.
   //@{
+  /// 0, the file size answered without a field store.
   static const unsigned long long zero;
+  /// 0, the numeric date answered without a field store.
   static const long long i64zero;
+  /// 0, the answer of the signed 32-bit getters (pages, encoding,
+  /// attributes, volume correction, EPG theme, network ID, recording
+  /// channel number) without a field store.
   static const int i32zero;
+  /// 0, the answer of the unsigned 32-bit getters (positions, sound
+  /// selection, logical channel number) without a field store.
   static const unsigned int u32zero;
+  /// "", the answer of every text getter without a field store.
   static const std::string empty;
   //@}
 

@@ -96,9 +96,9 @@ class MA_COMMON_EXPORT ItemInfo {
     /// that carries information (text not empty, number not 0; the item type
     /// always), in a fixed order with fixed labels, for logs only. Flags,
     /// pages, encoding, attributes, the maximum position, the volume
-    /// correction, the sound selection, the logical channel number, the EPG theme,
-    /// the network ID and the music fields other than the year are never
-    /// shown.
+    /// correction, the sound selection, the logical channel number, the EPG
+    /// theme, the network ID and the music fields other than the year are
+    /// never shown.
     /// @return the text, each line ended by a line feed.
     /// @throws std::bad_alloc if the text cannot be allocated.
     virtual std::string toString() const;
@@ -468,7 +468,7 @@ class MA_COMMON_EXPORT ItemInfo {
     /// @param value the new EPG theme.
     void setEpgTheme(int const& value);
     /// The network identifier held by this store; -1 after construction (no
-    /// network), while a record without field store answers 0.
+    /// network).
     /// @return a reference to the stored network identifier.
     int const& getNetworkID() const;
     /// Sets the network identifier: stores `value` as given; every value is
@@ -1109,7 +1109,8 @@ class MA_COMMON_EXPORT ItemInfo {
   /// accepted. Without a field store it changes nothing and traces.
   /// @param value the new volume correction.
   void setVolumeCorrection(int const& value);
-  /// Whether a client lists the item at all. True after construction. Neither
+  /// Whether a client should list the item at all (the library's trees and
+  /// iterators hide nothing themselves). True after construction. Neither
   /// compared by operator== nor shown by toString.
   /// @return the visible flag; false without a field store.
   bool isVisible() const;
@@ -1117,8 +1118,9 @@ class MA_COMMON_EXPORT ItemInfo {
   /// nothing and traces.
   /// @param value the new visible flag.
   void setVisible(bool value);
-  /// Whether the user may select (open or play) the item. True after
-  /// construction. Neither compared by operator== nor shown by toString.
+  /// Whether the user may select (open or play) the item; the library
+  /// enforces nothing. True after construction. Neither compared by
+  /// operator== nor shown by toString.
   /// @return the selectable flag; false without a field store.
   bool isSelectable() const;
   /// Sets the selectable flag: stores `value`. Without a field store it changes
@@ -1440,13 +1442,26 @@ class MA_COMMON_EXPORT ItemInfo {
 /// A record of kind ITEM_TYPE_UNKNOWN; its store is a plain ItemImpl.
 class MA_COMMON_EXPORT UnknownItemInfo : public ItemInfo {
  public:
-  /// A new store of kind ITEM_TYPE_UNKNOWN with `caption` and `uuid`, untrimmed.
+  /// A record of unknown content with a new plain ItemImpl of kind
+  /// ITEM_TYPE_UNKNOWN holding `caption` and `uuid`; every other field has
+  /// its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   UnknownItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies any store as a plain ItemImpl (a video store loses its own fields).
+  /// Copies any store, of whatever class, as a plain ItemImpl: every field
+  /// of the record is kept (the stored item type too), but a video store
+  /// loses its start and end time, actor and director. When `other` has no
+  /// store, neither has the copy.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   UnknownItemInfo(UnknownItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~UnknownItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this record of unknown content, made by the copy
+  /// constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
 };
 
@@ -1456,25 +1471,47 @@ class MA_COMMON_EXPORT MusicItemInfo : public ItemInfo {
   /// The music store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT MusicItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_MUSIC.
+    /// A store of kind ITEM_TYPE_MUSIC: caption and identifier as given, every
+    /// other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     MusicItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     MusicItemImpl(MusicItemImpl const& other);
     /// Destroys the fields.
     ~MusicItemImpl() override;
   };
 
-  /// A new music store with `caption` and `uuid`, untrimmed.
+  /// A music record with a new music store of kind ITEM_TYPE_MUSIC holding
+  /// `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   MusicItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is a music store; otherwise the copy has none.
+  /// Copies the store if it is a music store (or of a class derived from it);
+  /// otherwise, or when `other` has none, the copy silently has no store and
+  /// every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   MusicItemInfo(MusicItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~MusicItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this music record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a music store, or null (traced) when it is none.
+  /// The store as a music store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   MusicItemImpl* getImpl();
-  /// The store as a music store, or null (traced) when it is none.
+  /// The store as a music store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   MusicItemImpl const* getImpl() const;
 };
 
@@ -1485,22 +1522,41 @@ class MA_COMMON_EXPORT VideoItemInfo : public ItemInfo {
   /// director, all empty after construction.
   class MA_COMMON_EXPORT VideoItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_VIDEO.
+    /// A store of kind ITEM_TYPE_VIDEO: caption and identifier as given, every
+    /// other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     VideoItemImpl(std::string const& caption, std::string const& uuid);
-    /// Copies every field, the video fields included.
+    /// Copies every field, the start and end time, actor and director included.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     VideoItemImpl(VideoItemImpl const& other);
     /// Destroys the fields.
     ~VideoItemImpl() override;
 
-    /// The base dump followed by the video fields that are not empty.
+    /// The base dump (ItemImpl::toString) followed by the lines "start    : ",
+    /// "end      : ", "actor    : " and "director : " with their values,
+    /// each only when the value is not empty.
+    /// @return the text, each line ended by a line feed.
+    /// @throws std::bad_alloc if the text cannot be allocated.
     std::string toString() const override;
-    /// The actor, stored as given (not trimmed).
+    /// The performer credited in this video; empty after construction.
+    /// @return a reference to the stored actor, as setActor stored it.
     std::string const& getActor() const override;
-    /// Stores the actor as given.
+    /// Sets the actor: stores `value` as given, blanks included (not
+    /// trimmed).
+    /// @param value the new actor.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setActor(std::string const& value) override;
-    /// The director, stored as given (not trimmed).
+    /// The person who directed this video; empty after construction.
+    /// @return a reference to the stored director, as setDirector stored it.
     std::string const& getDirector() const override;
-    /// Stores the director as given.
+    /// Sets the director: stores `value` as given, blanks included (not
+    /// trimmed).
+    /// @param value the new director.
+    /// @throws std::bad_alloc if the copy cannot be allocated.
     void setDirector(std::string const& value) override;
 
    private:
@@ -1512,29 +1568,65 @@ class MA_COMMON_EXPORT VideoItemInfo : public ItemInfo {
     std::string m_director;
   };
 
-  /// A new video store with `caption` and `uuid`, untrimmed.
+  /// A video record with a new video store of kind ITEM_TYPE_VIDEO holding
+  /// `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   VideoItemInfo(std::string const& caption, std::string const& uuid);
-  /// Adopts `impl` without checking its class; the video accessors below
-  /// then find no video store unless it is one.
+  /// A video record over `impl`, adopted without checking its class; the
+  /// record deletes it. getImpl and the start and end time accessors find no
+  /// video store unless it is one; the other accessors work on any store.
+  /// @param impl the field store to own, or null for a record without store.
   VideoItemInfo(ItemImpl* impl);
-  /// Copies the store if it is a video store; otherwise the copy has none.
+  /// Copies the store if it is a video store (or of a class derived from it);
+  /// otherwise, or when `other` has none, the copy silently has no store and
+  /// every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   VideoItemInfo(VideoItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~VideoItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this video record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a video store, or null (traced) when it is none.
+  /// The store as a video store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   VideoItemImpl* getImpl();
-  /// The store as a video store, or null (traced) when it is none.
+  /// The store as a video store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   VideoItemImpl const* getImpl() const;
 
   /// @name Start and end time
+  /// The video's own two times, held only by a video store. Without one
+  /// (no store, or a store of another class) the getters answer "" and the
+  /// setters change nothing; both write only getImpl's trace line.
   //@{
-  /// "" without video store. The setters trim the value like the other
-  /// trimmed fields and do nothing without video store.
+  /// When the video starts, as text (a clock time such as "00:00:00" or a
+  /// broadcast start, as the service writes it). Empty after construction.
+  /// Shown by toString when not empty; operator== leaves it out.
+  /// @return the start time; ItemInfo::empty ("") without a video store.
   std::string const& getStartTime() const;
+  /// When the video ends, as text in the form of the start time. Empty
+  /// after construction. Shown by toString when not empty; operator== leaves
+  /// it out.
+  /// @return the end time; ItemInfo::empty ("") without a video store.
   std::string const& getEndTime() const;
+  /// Sets the start time: stores `value` without the spaces, tabs, line
+  /// feeds and carriage returns at its start and end (see
+  /// ItemImpl::stripValue). Without a video store it changes nothing.
+  /// @param value the new start time, taken by value.
+  /// @throws std::bad_alloc if the trimmed copy cannot be allocated.
   void setStartTime(std::string value);
+  /// Sets the end time: stores `value` without the spaces, tabs, line feeds
+  /// and carriage returns at its start and end (see ItemImpl::stripValue).
+  /// Without a video store it changes nothing.
+  /// @param value the new end time, taken by value.
+  /// @throws std::bad_alloc if the trimmed copy cannot be allocated.
   void setEndTime(std::string value);
   //@}
 };
@@ -1545,25 +1637,47 @@ class MA_COMMON_EXPORT PictureItemInfo : public ItemInfo {
   /// The picture store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT PictureItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_PICTURE.
+    /// A store of kind ITEM_TYPE_PICTURE: caption and identifier as given,
+    /// every other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     PictureItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     PictureItemImpl(PictureItemImpl const& other);
     /// Destroys the fields.
     ~PictureItemImpl() override;
   };
 
-  /// A new picture store with `caption` and `uuid`, untrimmed.
+  /// A picture record with a new picture store of kind ITEM_TYPE_PICTURE
+  /// holding `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   PictureItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is a picture store; otherwise the copy has none.
+  /// Copies the store if it is a picture store (or of a class derived from it);
+  /// otherwise, or when `other` has none, the copy silently has no store and
+  /// every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   PictureItemInfo(PictureItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~PictureItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this picture record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a picture store, or null (traced) when it is none.
+  /// The store as a picture store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   PictureItemImpl* getImpl();
-  /// The store as a picture store, or null (traced) when it is none.
+  /// The store as a picture store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   PictureItemImpl const* getImpl() const;
 };
 
@@ -1573,25 +1687,47 @@ class MA_COMMON_EXPORT PlaylistItemInfo : public ItemInfo {
   /// The playlist store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT PlaylistItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_PLAYLIST.
+    /// A store of kind ITEM_TYPE_PLAYLIST: caption and identifier as given,
+    /// every other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     PlaylistItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     PlaylistItemImpl(PlaylistItemImpl const& other);
     /// Destroys the fields.
     ~PlaylistItemImpl() override;
   };
 
-  /// A new playlist store with `caption` and `uuid`, untrimmed.
+  /// A playlist record with a new playlist store of kind ITEM_TYPE_PLAYLIST
+  /// holding `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   PlaylistItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is a playlist store; otherwise the copy has none.
+  /// Copies the store if it is a playlist store (or of a class derived from
+  /// it); otherwise, or when `other` has none, the copy silently has no store
+  /// and every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   PlaylistItemInfo(PlaylistItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~PlaylistItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this playlist record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a playlist store, or null (traced) when it is none.
+  /// The store as a playlist store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   PlaylistItemImpl* getImpl();
-  /// The store as a playlist store, or null (traced) when it is none.
+  /// The store as a playlist store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   PlaylistItemImpl const* getImpl() const;
 };
 
@@ -1601,25 +1737,47 @@ class MA_COMMON_EXPORT FolderItemInfo : public ItemInfo {
   /// The folder store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT FolderItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_FOLDER.
+    /// A store of kind ITEM_TYPE_FOLDER: caption and identifier as given, every
+    /// other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     FolderItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     FolderItemImpl(FolderItemImpl const& other);
     /// Destroys the fields.
     ~FolderItemImpl() override;
   };
 
-  /// A new folder store with `caption` and `uuid`, untrimmed.
+  /// A folder record with a new folder store of kind ITEM_TYPE_FOLDER holding
+  /// `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   FolderItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is a folder store; otherwise the copy has none.
+  /// Copies the store if it is a folder store (or of a class derived from it);
+  /// otherwise, or when `other` has none, the copy silently has no store and
+  /// every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   FolderItemInfo(FolderItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~FolderItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this folder record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a folder store, or null (traced) when it is none.
+  /// The store as a folder store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   FolderItemImpl* getImpl();
-  /// The store as a folder store, or null (traced) when it is none.
+  /// The store as a folder store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   FolderItemImpl const* getImpl() const;
 };
 
@@ -1629,25 +1787,47 @@ class MA_COMMON_EXPORT DocumentItemInfo : public ItemInfo {
   /// The document store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT DocumentItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_DOCUMENT.
+    /// A store of kind ITEM_TYPE_DOCUMENT: caption and identifier as given,
+    /// every other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     DocumentItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     DocumentItemImpl(DocumentItemImpl const& other);
     /// Destroys the fields.
     ~DocumentItemImpl() override;
   };
 
-  /// A new document store with `caption` and `uuid`, untrimmed.
+  /// A document record with a new document store of kind ITEM_TYPE_DOCUMENT
+  /// holding `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   DocumentItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is a document store; otherwise the copy has none.
+  /// Copies the store if it is a document store (or of a class derived from
+  /// it); otherwise, or when `other` has none, the copy silently has no store
+  /// and every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   DocumentItemInfo(DocumentItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~DocumentItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this document record, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as a document store, or null (traced) when it is none.
+  /// The store as a document store, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   DocumentItemImpl* getImpl();
-  /// The store as a document store, or null (traced) when it is none.
+  /// The store as a document store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   DocumentItemImpl const* getImpl() const;
 };
 
@@ -1657,25 +1837,47 @@ class MA_COMMON_EXPORT OtherItemInfo : public ItemInfo {
   /// The store of other content: marks the kind, adds no fields.
   class MA_COMMON_EXPORT OtherItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_OTHER.
+    /// A store of kind ITEM_TYPE_OTHER: caption and identifier as given, every
+    /// other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     OtherItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     OtherItemImpl(OtherItemImpl const& other);
     /// Destroys the fields.
     ~OtherItemImpl() override;
   };
 
-  /// A new store of other content with `caption` and `uuid`, untrimmed.
+  /// A record of other content with a new OtherItemImpl of kind ITEM_TYPE_OTHER
+  /// holding `caption` and `uuid`; every other field has its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   OtherItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is an OtherItemImpl; otherwise the copy has none.
+  /// Copies the store if it is an OtherItemImpl (or of a class derived from
+  /// it); otherwise, or when `other` has none, the copy silently has no store
+  /// and every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   OtherItemInfo(OtherItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~OtherItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this record of other content, made by the copy constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as an OtherItemImpl, or null (traced) when it is none.
+  /// The store as an OtherItemImpl, for the accessors the facade lacks
+  /// (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   OtherItemImpl* getImpl();
-  /// The store as an OtherItemImpl, or null (traced) when it is none.
+  /// The store as an OtherItemImpl, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   OtherItemImpl const* getImpl() const;
 };
 
@@ -1685,28 +1887,49 @@ class MA_COMMON_EXPORT InteractiveItemInfo : public ItemInfo {
   /// The interactive-service store: marks the kind, adds no fields.
   class MA_COMMON_EXPORT InteractiveItemImpl : public ItemImpl {
    public:
-    /// A store of kind ITEM_TYPE_INTERACTIVE.
+    /// A store of kind ITEM_TYPE_INTERACTIVE: caption and identifier as given,
+    /// every other field at its initial value.
+    /// @param caption the caption, stored untrimmed.
+    /// @param uuid the identifier, stored untrimmed.
+    /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
+    /// allocated.
     InteractiveItemImpl(std::string const& caption, std::string const& uuid);
     /// Copies every field.
+    /// @param other the store to copy.
+    /// @throws std::bad_alloc if a string copy cannot be allocated.
     InteractiveItemImpl(InteractiveItemImpl const& other);
     /// Destroys the fields.
     ~InteractiveItemImpl() override;
   };
 
-  /// A new interactive-service store with `caption` and `uuid`, untrimmed.
+  /// An interactive-service record with a new interactive-service store of kind
+  /// ITEM_TYPE_INTERACTIVE holding `caption` and `uuid`; every other field has
+  /// its initial value.
+  /// @param caption the caption, stored untrimmed (setCaption would trim).
+  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @throws std::bad_alloc if the store cannot be allocated.
   InteractiveItemInfo(std::string const& caption, std::string const& uuid);
-  /// Copies the store if it is an interactive-service store; otherwise the
-  /// copy has none.
+  /// Copies the store if it is an interactive-service store (or of a class
+  /// derived from it); otherwise, or when `other` has none, the copy silently
+  /// has no store and every accessor on it traces.
+  /// @param other the record to copy.
+  /// @throws std::bad_alloc if the store's copy cannot be allocated.
   InteractiveItemInfo(InteractiveItemInfo const& other);
-  /// Deletes the store.
+  /// Deletes the store, if any.
   ~InteractiveItemInfo() override;
-  /// A new copy made by the copy constructor; the caller owns it.
+  /// A new copy of this interactive-service record, made by the copy
+  /// constructor.
+  /// @return the copy, allocated with new; the caller owns it.
+  /// @throws std::bad_alloc if the copy or its store cannot be allocated.
   ItemInfo* duplicate() const override;
-  /// The store as an interactive-service store, or null (traced) when it is
-  /// none.
+  /// The store as an interactive-service store, for the accessors the facade
+  /// lacks (ItemImpl::setItemType).
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   InteractiveItemImpl* getImpl();
-  /// The store as an interactive-service store, or null (traced) when it is
-  /// none.
+  /// The store as an interactive-service store, read-only.
+  /// @return the store; null, after the trace line "getImpl(): impl is NULL",
+  /// when the record has no store or one of another class.
   InteractiveItemImpl const* getImpl() const;
 };
 

@@ -75,7 +75,7 @@ class MA_COMMON_EXPORT ItemInfo {
     /// as given (not trimmed).
     /// @param type the kind the store reports through getItemType.
     /// @param caption the caption, stored untrimmed.
-    /// @param uuid the identifier, stored untrimmed and never changed.
+    /// @param uuid the identifier, stored untrimmed; no setter changes it.
     /// @throws std::bad_alloc if a copy of `caption` or `uuid` cannot be
     /// allocated.
     ItemImpl(itemType type, std::string const& caption, std::string const& uuid);
@@ -122,14 +122,15 @@ class MA_COMMON_EXPORT ItemInfo {
 
     /// @name Identity
     /// Kind, sub-kind, caption and identifier, as on the facade. The item
-    /// type can be changed here only; setCaption trims; the UUID is fixed.
+    /// type can be changed here only; setCaption trims; the UUID has no setter.
     //@{
     /// The item type held by this store; the constructor's `type`.
     /// @return a reference to the stored item type.
     itemType const& getItemType() const;
     /// Changes the stored item type. The record's class does not follow: a
-    /// FolderItemInfo may then report ITEM_TYPE_VIDEO, and the message
-    /// conversion goes by the stored type.
+    /// FolderItemInfo may then report ITEM_TYPE_VIDEO, and
+    /// ma::rpc::convertMaItem, which picks the payload by the stored type and
+    /// then checks the class, leaves the message empty.
     /// @param value the new item type.
     void setItemType(itemType value);
     /// The item sub-type held by this store; empty after construction.
@@ -147,8 +148,8 @@ class MA_COMMON_EXPORT ItemInfo {
     /// @param value the new caption.
     /// @throws std::bad_alloc if the copy cannot be allocated.
     void setCaption(std::string const& value);
-    /// The identifier held by this store; the constructor's `uuid`, untrimmed,
-    /// fixed for the store's life.
+    /// The identifier held by this store; the constructor's `uuid`, untrimmed.
+    /// No setter changes it; only an assignment of a whole store does.
     /// @return a reference to the stored identifier.
     std::string const& getUUID() const;
     //@}
@@ -709,7 +710,7 @@ class MA_COMMON_EXPORT ItemInfo {
 
   /// @name Identity
   /// Kind, sub-kind, caption and identifier. setCaption trims; the sub-type
-  /// is stored as given; the UUID is fixed at construction and has no
+  /// is stored as given; the UUID is given at construction and has no
   /// setter. Without store: ITEM_TYPE_UNKNOWN and `empty`; the sub-type
   /// accessors write the located line "...(): Impl is NULL." instead.
   //@{
@@ -745,9 +746,8 @@ class MA_COMMON_EXPORT ItemInfo {
   void setCaption(std::string const& value);
   /// The identifier of the item: "UUID..." path queries, VfsEntry::findUuid and
   /// VfsFixedFolder::findEntrybyUUID look items up by it. Nothing checks that
-  /// it is unique. The second constructor argument, as given; it has no setter
-  /// and never changes. Compared by operator== and shown by toString when not
-  /// empty.
+  /// it is unique. The second constructor argument, as given; it has no
+  /// setter. Compared by operator== and shown by toString when not empty.
   /// @return the identifier; ItemInfo::empty ("") without a field store.
   std::string const& getUUID() const;
   //@}
@@ -1446,7 +1446,7 @@ class MA_COMMON_EXPORT UnknownItemInfo : public ItemInfo {
   /// ITEM_TYPE_UNKNOWN holding `caption` and `uuid`; every other field has
   /// its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   UnknownItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies any store, of whatever class, as a plain ItemImpl: every field
@@ -1489,7 +1489,7 @@ class MA_COMMON_EXPORT MusicItemInfo : public ItemInfo {
   /// A music record with a new music store of kind ITEM_TYPE_MUSIC holding
   /// `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   MusicItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is a music store (or of a class derived from it);
@@ -1571,7 +1571,7 @@ class MA_COMMON_EXPORT VideoItemInfo : public ItemInfo {
   /// A video record with a new video store of kind ITEM_TYPE_VIDEO holding
   /// `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   VideoItemInfo(std::string const& caption, std::string const& uuid);
   /// A video record over `impl`, adopted without checking its class; the
@@ -1655,7 +1655,7 @@ class MA_COMMON_EXPORT PictureItemInfo : public ItemInfo {
   /// A picture record with a new picture store of kind ITEM_TYPE_PICTURE
   /// holding `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   PictureItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is a picture store (or of a class derived from it);
@@ -1705,7 +1705,7 @@ class MA_COMMON_EXPORT PlaylistItemInfo : public ItemInfo {
   /// A playlist record with a new playlist store of kind ITEM_TYPE_PLAYLIST
   /// holding `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   PlaylistItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is a playlist store (or of a class derived from
@@ -1755,7 +1755,7 @@ class MA_COMMON_EXPORT FolderItemInfo : public ItemInfo {
   /// A folder record with a new folder store of kind ITEM_TYPE_FOLDER holding
   /// `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   FolderItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is a folder store (or of a class derived from it);
@@ -1805,7 +1805,7 @@ class MA_COMMON_EXPORT DocumentItemInfo : public ItemInfo {
   /// A document record with a new document store of kind ITEM_TYPE_DOCUMENT
   /// holding `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   DocumentItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is a document store (or of a class derived from
@@ -1855,7 +1855,7 @@ class MA_COMMON_EXPORT OtherItemInfo : public ItemInfo {
   /// A record of other content with a new OtherItemImpl of kind ITEM_TYPE_OTHER
   /// holding `caption` and `uuid`; every other field has its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   OtherItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is an OtherItemImpl (or of a class derived from
@@ -1906,7 +1906,7 @@ class MA_COMMON_EXPORT InteractiveItemInfo : public ItemInfo {
   /// ITEM_TYPE_INTERACTIVE holding `caption` and `uuid`; every other field has
   /// its initial value.
   /// @param caption the caption, stored untrimmed (setCaption would trim).
-  /// @param uuid the identifier, stored untrimmed; it cannot be changed later.
+  /// @param uuid the identifier, stored untrimmed; no setter changes it.
   /// @throws std::bad_alloc if the store cannot be allocated.
   InteractiveItemInfo(std::string const& caption, std::string const& uuid);
   /// Copies the store if it is an interactive-service store (or of a class

@@ -716,7 +716,8 @@ class MA_COMMON_EXPORT ItemInfo {
   //@{
   /// The kind of content the record describes, one single-bit value of
   /// itemType. The kind constructor sets the value of its kind
-  /// (ITEM_TYPE_FOLDER for a FolderItemInfo, ...); only ItemImpl::setItemType
+  /// (ITEM_TYPE_FOLDER for a FolderItemInfo, ...); the facade has no setter,
+  /// only the store (ItemImpl::setItemType, or assigning a whole store)
   /// changes it, and nothing then keeps the facade class in step. Compared by
   /// operator== and shown by toString on its first line.
   /// @return the item type; ITEM_TYPE_UNKNOWN without a field store.

@@ -61,7 +61,9 @@ enum itemType {
 /// value as given; each says which. Without a store, each accessor writes
 /// "<accessor>(): impl is NULL" on the debug trace, a getter answers the
 /// neutral value it names (one of the constant statics below, false or
-/// ITEM_TYPE_UNKNOWN), and a setter changes nothing.
+/// ITEM_TYPE_UNKNOWN), and a setter changes nothing. Every field with an
+/// accessor travels in the item message of ma::rpc::convertMaItem (the item
+/// type as the message's kind).
 class MA_COMMON_EXPORT ItemInfo {
  public:
   /// The field store: every field of the record, with its accessors. Its
@@ -1048,9 +1050,9 @@ class MA_COMMON_EXPORT ItemInfo {
   /// store the matching zero static (`zero`, `i64zero`, `i32zero`,
   /// `u32zero`) or false.
   //@{
-  /// Whether the content can be received or played now (false, for example, for
-  /// a channel without signal). True after construction. Neither compared by
-  /// operator== nor shown by toString.
+  /// Whether the content can be received or played now; a service clears it,
+  /// for example, for a channel without signal. True after construction.
+  /// Neither compared by operator== nor shown by toString.
   /// @return the receivable flag; false without a field store.
   bool isReceivable() const;
   /// Sets the receivable flag: stores `value`. Without a field store it changes

@@ -20,6 +20,7 @@
 namespace {
 
 const std::vector<long> kSizes = {1000, 10000, 100000, 1000000};
+const std::vector<long> kSeriesSizes = {1000, 10000, 100000};
 
 long perChild(long children) { return children; }
 
@@ -83,22 +84,25 @@ struct DatePair {
   std::uint32_t index;
 };
 
-// The cases of one order; every caption begins with `captionHead`.
+// The cases of one order at `sizes` children; every caption begins with
+// `captionHead`.
 void addOrder(std::string const& scenario, std::string const& criteria, bool byDate,
-              bool descending, std::string const& captionHead = std::string()) {
-  bench::addCase(scenario, "ours", kSizes, [criteria, captionHead](long n) -> bench::Operation {
+              bool descending, std::vector<long> const& sizes = kSizes,
+              std::string const& captionHead = std::string()) {
+  bench::addCase(scenario, "ours", sizes, [criteria, captionHead](long n) -> bench::Operation {
     bench::FolderPtr folder = bench::makeFolder(n, true, captionHead);
     return [folder, criteria] { walk(*folder->getSortedIterator(criteria)); };
   }, perChild);
   // The same without the walk: what the sort itself costs, keys extracted
   // through the children's items included.
-  bench::addCase(scenario, "ours_sort_only", kSizes, [criteria, captionHead](long n) -> bench::Operation {
+  bench::addCase(scenario, "ours_sort_only", sizes,
+                 [criteria, captionHead](long n) -> bench::Operation {
     bench::FolderPtr folder = bench::makeFolder(n, true, captionHead);
     return [folder, criteria] { bench::keep(folder->getSortedIterator(criteria).get()); };
   }, perChild);
 
   if (byDate) {
-    bench::addCase(scenario, "floor", kSizes, [](long n) -> bench::Operation {
+    bench::addCase(scenario, "floor", sizes, [](long n) -> bench::Operation {
       std::shared_ptr<Keys> keys = keysOf(n, std::string());
       auto pairs = std::make_shared<std::vector<DatePair>>();
       for (std::size_t i = 0; i < keys->items.size(); ++i) {
@@ -113,7 +117,8 @@ void addOrder(std::string const& scenario, std::string const& criteria, bool byD
       };
     }, perChild);
   } else {
-    bench::addCase(scenario, "floor", kSizes, [descending, captionHead](long n) -> bench::Operation {
+    bench::addCase(scenario, "floor", sizes,
+                   [descending, captionHead](long n) -> bench::Operation {
       std::shared_ptr<Keys> keys = keysOf(n, captionHead);
       auto pairs = std::make_shared<std::vector<CaptionPair>>();
       for (std::size_t i = 0; i < keys->items.size(); ++i) {
@@ -135,7 +140,8 @@ void addOrder(std::string const& scenario, std::string const& criteria, bool byD
   }
 
   // The radix limit: dates (flipped for newest first) or caption heads.
-  bench::addCase(scenario, "radix", kSizes, [byDate, descending, captionHead](long n) -> bench::Operation {
+  bench::addCase(scenario, "radix", sizes,
+                 [byDate, descending, captionHead](long n) -> bench::Operation {
     std::shared_ptr<Keys> keys = keysOf(n, captionHead);
     auto pairs = std::make_shared<std::vector<bench::KeyIndex>>();
     for (std::size_t i = 0; i < keys->items.size(); ++i) {
@@ -158,7 +164,7 @@ const bench::Registration kSort([] {
   addOrder("sort.title_ascending", "+dc:title", false, false);
   addOrder("sort.title_descending", "-dc:title", false, true);
   addOrder("sort.date", "", true, true);
-  addOrder("sort.title_series", "+dc:title", false, false, bench::kSeriesHead);
+  addOrder("sort.title_series", "+dc:title", false, false, kSeriesSizes, bench::kSeriesHead);
 });
 
 }  // namespace

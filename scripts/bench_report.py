@@ -18,7 +18,8 @@ The prose of bench/RESULTS-notes.md takes its figures from the tables:
 depth 8, "{{x86 path.resolve/8 ours}}" callgrind's instructions per element;
 the sources are x86 (callgrind), arm (the plugin under qemu-arm), arm_alloc
 (heap allocations per element on ARM), x86_alloc and x86_outside (callgrind's
-instructions inside and outside the allocator) and time (nanoseconds). A
+instructions inside and outside the allocator) and time (nanoseconds);
+"{{leaf arm sizeof VideoItemImpl}}" is a row of the heap-per-leaf table. A
 figure the tables do not have stops the report, and so does a ratio written
 as a literal ("2.3x") instead of a placeholder.
 
@@ -328,13 +329,15 @@ def fmt_prose(value):
 
 
 PLACEHOLDER = re.compile(r"\{\{(\w+) ([\w.]+)/(\d+) (\w+)(?:/(\w+))?\}\}")
+LEAF_PLACEHOLDER = re.compile(r"\{\{leaf (host|arm) ([^}]+)\}\}")
 
 
-def fill_notes(text, sources):
+def fill_notes(text, sources, memory):
     """The notes with every {{source scenario/arg variant[/variant]}} replaced
     by its figure; raises ValueError on a figure the tables lack or on a
     ratio written as a literal."""
-    literal = re.search(r"(?<![\w{/.])\d+(\.\d+)?x\b", PLACEHOLDER.sub("", text))
+    literal = re.search(r"(?<![\w{/.])\d+(\.\d+)?x\b",
+                        LEAF_PLACEHOLDER.sub("", PLACEHOLDER.sub("", text)))
     if literal:
         raise ValueError("RESULTS-notes.md: ratio %r written as a literal; use a placeholder"
                          % literal.group(0))
@@ -348,7 +351,14 @@ def fill_notes(text, sources):
             return fmt(values[variant] / values[against])
         return fmt_prose(values[variant])
 
-    return PLACEHOLDER.sub(figure, text)
+    def leaf(match):
+        target, key = match.groups()
+        if target not in memory.get(key, {}):
+            raise ValueError("RESULTS-notes.md: no figure for %s" % match.group(0))
+        value = memory[key][target]
+        return fmt_prose(float(value)) if float(value) >= 1000 else value
+
+    return LEAF_PLACEHOLDER.sub(leaf, PLACEHOLDER.sub(figure, text))
 
 
 def table(header, rows):
@@ -454,8 +464,12 @@ def main():
             header.append("ours before instr")
             header.append("%s before instr" % scenario_info["target"][0])
         header += ["%s / %s instr" % pair for pair in pairs]
-        header += ["%s ARM instr" % v for v in variants]
-        header += ["%s / %s ARM" % pair for pair in pairs]
+        # The ARM columns of the variants the target's build has (no protobuf peer).
+        on_arm = {v for a in args for v in arm[scenario].get(a, {})}
+        arm_variants = [v for v in variants if v in on_arm]
+        arm_pairs = [(o, b) for o, b in pairs if o in on_arm and b in on_arm]
+        header += ["%s ARM instr" % v for v in arm_variants]
+        header += ["%s / %s ARM" % pair for pair in arm_pairs]
         header += ["%s ns" % v for v in variants] + ["%s / %s time" % pair for pair in pairs]
         rows = []
         for arg in args:
@@ -468,8 +482,8 @@ def main():
                 row.append(fmt(baseline.get(scenario, {}).get(arg, {}).get(
                     scenario_info["target"][0])))
             row += [ratio(inst, o, b) for o, b in pairs]
-            row += [fmt(target_arm.get(v)) for v in variants]
-            row += [ratio(target_arm, o, b) for o, b in pairs]
+            row += [fmt(target_arm.get(v)) for v in arm_variants]
+            row += [ratio(target_arm, o, b) for o, b in arm_pairs]
             row += [fmt(tim.get(v)) for v in variants]
             row += [ratio(tim, o, b) for o, b in pairs]
             rows.append(row)
@@ -526,23 +540,26 @@ def main():
                   "amortised).", "",
                   "| | host | ARM |", "|---|---|---|"]
         for key, values in memory.items():
-            lines.append("| %s | %s | %s |" % (key, values.get("host", "-"), values.get("arm", "-")))
+            lines.append("| %s | %s | %s |" % (key, values.get("host", "-"),
+                                               values.get("arm", "-")))
         lines.append("")
 
     lines += ["## Targets (instructions)", "",
-              "The target applies to the host's callgrind ratio; the ARM ratio is beside it.", "",
-              "| scenario | N | ours | against | ratio before | ratio | ARM ratio | target | met |",
-              "|---|---|---|---|---|---|---|---|---|"]
+              "The target applies to the host's callgrind ratio; the ARM ratio is beside it.", ""]
+    rows = []
     for scenario, arg, o, against, earlier, value, arm_ratio, target in verdicts:
-        lines.append("| %s | %d | %s | %s | %s | %.2f | %s | %.2f | %s |" % (
-            scenario, arg, o, against, "-" if earlier is None else "%.2f" % earlier, value,
-            "-" if arm_ratio is None else "%.2f" % arm_ratio,
-            target, "yes" if value <= target else "**no**"))
-    lines.append("")
+        rows.append([scenario, str(arg), o, against]
+                    + (["-" if earlier is None else "%.2f" % earlier]
+                       if baseline is not None else [])
+                    + ["%.2f" % value, "-" if arm_ratio is None else "%.2f" % arm_ratio,
+                       "%.2f" % target, "yes" if value <= target else "**no**"])
+    lines += table(["scenario", "N", "ours", "against"]
+                   + (["ratio before"] if baseline is not None else [])
+                   + ["ratio", "ARM ratio", "target", "met"], rows) + [""]
     notes = os.path.join(os.path.dirname(results_path), "RESULTS-notes.md")
     if os.path.exists(notes):
         with open(notes) as f:
-            lines += [fill_notes(f.read().rstrip(), sources), ""]
+            lines += [fill_notes(f.read().rstrip(), sources, memory), ""]
     with open(results_path, "w") as f:
         f.write("\n".join(lines))
 

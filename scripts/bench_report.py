@@ -34,6 +34,7 @@ import platform
 import re
 import subprocess
 import sys
+import textwrap
 from collections import OrderedDict, defaultdict
 
 import matplotlib
@@ -65,6 +66,11 @@ SCENARIOS = OrderedDict([
     ("sort.title_descending", dict(
         title="2b. Sorted iteration by \"-dc:title\", per child", unit="child",
         target=("floor", 1.0), also=("radix", None), note="as 2a, descending.")),
+    ("sort.date", dict(
+        title="2c. Sorted iteration by date (newest first), per child", unit="child",
+        target=("radix", 1.2), also=("floor", None),
+        note="floor: (date, position) pairs already extracted, sorted with std::sort, permuted "
+             "and walked; radix: a radix sort of the same pairs.")),
     ("sort.title_series", dict(
         title="2d. Sorted iteration by \"+dc:title\" of a series (captions share their first "
               "8 bytes), per child", unit="child",
@@ -72,11 +78,6 @@ SCENARIOS = OrderedDict([
         note="as 2a, on captions that all begin with \"Tatort: \" and end in 12 random letters "
              "(the episodes of a series): every 8-byte head is equal, so every comparison goes on "
              "to the whole captions, and the radix sort of the heads orders nothing.")),
-    ("sort.date", dict(
-        title="2c. Sorted iteration by date (newest first), per child", unit="child",
-        target=("radix", 1.2), also=("floor", None),
-        note="floor: (date, position) pairs already extracted, sorted with std::sort, permuted "
-             "and walked; radix: a radix sort of the same pairs.")),
     ("browse.find_uuid", dict(
         title="3a. findUuid over 10,000 children, per child", unit="child",
         target=("direct_loop", 10.0), also=("floor", None),
@@ -328,6 +329,25 @@ def fmt_prose(value):
     return "{:,.0f}".format(value) if value >= 1000 else fmt(value)
 
 
+def fmt_count(value):
+    """A count per element (allocations): exact zeros and small shares kept."""
+    if value is None:
+        return "-"
+    if value == 0:
+        return "0"
+    return "%.2g" % value if value < 0.1 else fmt(value)
+
+
+def reflow(text):
+    """Paragraphs of prose wrapped again at 76 columns (figures filled in
+    change their lengths)."""
+    paragraphs = text.split("\n\n")
+    return "\n\n".join(
+        p if p.lstrip().startswith(("#", "|", "-", "`")) else
+        textwrap.fill(" ".join(p.split()), width=76, break_on_hyphens=False)
+        for p in paragraphs)
+
+
 PLACEHOLDER = re.compile(r"\{\{(\w+) ([\w.]+)/(\d+) (\w+)(?:/(\w+))?\}\}")
 LEAF_PLACEHOLDER = re.compile(r"\{\{leaf (host|arm) ([^}]+)\}\}")
 
@@ -349,6 +369,8 @@ def fill_notes(text, sources, memory):
             raise ValueError("RESULTS-notes.md: no figure for %s" % match.group(0))
         if against:
             return fmt(values[variant] / values[against])
+        if source == "arm_alloc":
+            return fmt_count(values[variant])
         return fmt_prose(values[variant])
 
     def leaf(match):
@@ -358,7 +380,7 @@ def fill_notes(text, sources, memory):
         value = memory[key][target]
         return fmt_prose(float(value)) if float(value) >= 1000 else value
 
-    return LEAF_PLACEHOLDER.sub(leaf, PLACEHOLDER.sub(figure, text))
+    return reflow(LEAF_PLACEHOLDER.sub(leaf, PLACEHOLDER.sub(figure, text)))
 
 
 def table(header, rows):
@@ -427,7 +449,8 @@ def main():
             if "ours" not in a:
                 continue
             rows.append([what, fmt(a.get("ours")), fmt(a.get(against)) + " (%s)" % against,
-                         ratio(a, "ours", against), fmt(h.get("ours")), fmt(h.get(against)),
+                         ratio(a, "ours", against), fmt_count(h.get("ours")),
+                         fmt_count(h.get(against)),
                          ratio(x, "ours", against)])
         lines += ["## On the receiver: ARM instructions and heap allocations per element", "",
                   "32-bit ARM (`arm-release`, Thumb-2, hard-float, glibc's allocator), counted "

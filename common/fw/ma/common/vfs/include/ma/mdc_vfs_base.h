@@ -125,6 +125,8 @@ class MA_COMMON_EXPORT VfsEntry : public boost::enable_shared_from_this<VfsEntry
   /// the resolved-path text as it stood when the walk reached `parent`.
   /// -2 on failure, with `result` and `resultPath` untouched and `parent` the
   /// entry before the one that failed (untouched if the first step failed).
+  /// `parent` is written at every step: a step that throws (the exception
+  /// passes through) leaves it the same way.
   /// REQUIRES: the entry is owned by a shared pointer; every step consumes
   /// at least one character or ends the walk.
   int resolvePath(boost::shared_ptr<VfsEntry>& result, std::string& resultPath,

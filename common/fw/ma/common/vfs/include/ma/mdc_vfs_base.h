@@ -184,9 +184,11 @@ class MA_COMMON_EXPORT VfsEntry : public boost::enable_shared_from_this<VfsEntry
   /// @param resultPath out: on success the resolved-path text as it stood
   ///        when the walk reached `parent` ("" when `parent` is this entry
   ///        or `path` is ""); untouched on failure
-  /// @param parent out: on success the entry whose step produced `result`
-  ///        (empty for ""); on failure the entry from which the failing one
-  ///        was reached, or untouched if the first step failed
+  /// @param parent out: written at every step of the walk with the entry
+  ///        the walk leaves. On success the entry whose step produced
+  ///        `result` (empty for ""); on failure, or when a step throws, the
+  ///        entry from which the failing one was reached, or untouched if
+  ///        the first step failed or threw
   /// @param path the path; "" names this entry
   /// @param query handed unchanged to every step
   /// @return 0 on success, -2 if the path is not resolved

@@ -203,7 +203,6 @@ struct MA_COMMON_EXPORT __attribute__((packed)) _itemMsgMaItem_struct {
   /// Not copyable: both copies would free one payload.
   _itemMsgMaItem_struct(_itemMsgMaItem_struct const&) = delete;
   /// Not assignable from another message, for the same reason.
-  /// @return nothing: the assignment does not exist
   _itemMsgMaItem_struct& operator=(_itemMsgMaItem_struct const&) = delete;
   /// Frees the content (ma::rpc::releaseMaItemMsgContent). Never throws.
   /// After ma::rpc::releaseMaItemMsgContentAndReset() there is nothing left

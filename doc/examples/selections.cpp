@@ -15,17 +15,18 @@ using example::check;
 
 #include "ma/mdc_selection_uris.h"
 
-// Writes the selection of a track on a USB volume, with two parameters.
+// Writes the selection of a recording on a USB volume, with the channel it
+// came from and the second to start playing at.
 std::string writeSelection() {
   ma::SelectionStrings parts;
   parts.sourceType = "file";  // exactly four characters, or -22
   parts.volume = "usb1";
-  parts.path = "music/a.mp3";
+  parts.path = "rec/tatort.ts";
   parts.parameters["lcn"] = "7";
   parts.parameters["start"] = "120";
   std::string uri;
   int result = mdcSelectionCreate(uri, parts);
-  check(result == 0 && uri == "file://usb1/music/a.mp3?lcn=7start=120",
+  check(result == 0 && uri == "file://usb1/rec/tatort.ts?lcn=7start=120",
         "no separator between parameters");
 
   ma::SelectionStrings bad = parts;
@@ -45,7 +46,7 @@ std::string writeSelection() {
 void readSelection(std::string const& uri) {
   ma::SelectionStrings parts;
   check(mdcSelectionSplit(parts, uri) == 0, "read");
-  check(parts.sourceType == "file" && parts.volume == "usb1" && parts.path == "music/a.mp3",
+  check(parts.sourceType == "file" && parts.volume == "usb1" && parts.path == "rec/tatort.ts",
         "source type, volume, path");
   check(parts.parameters.size() == 2 && parts.parameters["lcn"] == "7" &&
             parts.parameters["start"] == "120",

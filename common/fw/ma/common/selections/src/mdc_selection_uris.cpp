@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <map>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -130,9 +131,10 @@ int parsePathAndParameters(SelectionStrings& parts, char const* pathBegin) {
 
 namespace {
 
-// The fixed frame of every written URI: four bytes of source type, "://",
-// and at least the "/" behind the volume.
-constexpr std::string::size_type kSchemeSeparatorLength = 3;  // "://"
+// Every written URI begins with four bytes of source type and "://"; the
+// volume follows.
+constexpr char kSchemeSeparator[] = "://";
+constexpr std::string::size_type kSchemeSeparatorLength = sizeof kSchemeSeparator - 1;
 constexpr std::string::size_type kVolumeBegin = kSourceTypeLength + kSchemeSeparatorLength;
 
 bool isAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
@@ -168,11 +170,12 @@ std::map<std::string, std::string> splitParameters(std::string const& text) {
   std::string value;
   for (std::size_t i = 1; i + 1 < segments.size(); ++i) {
     auto [valueEnd, nextKey] = splitValueAndKey(segments[i]);
-    // A new parameter needs a non-empty value behind it and a key that sorts
+    // A new parameter needs a non-empty value before it and a key that sorts
     // after the current one, as the writer orders them; otherwise the "="
     // belongs to the current value.
-    if (!(value.empty() && valueEnd.empty()) && key < nextKey) {
-      parameters.emplace_hint(parameters.end(), std::move(key), value + valueEnd);
+    std::string completeValue = value + valueEnd;
+    if (!completeValue.empty() && key < nextKey) {
+      parameters.emplace_hint(parameters.end(), std::move(key), std::move(completeValue));
       key = std::move(nextKey);
       value.clear();
     } else {
@@ -225,9 +228,12 @@ int mdcSelectionParse(ma::SelectionStrings& parts, std::string uri) {
 
 int mdcSelectionSplit(ma::SelectionStrings& parts, std::string const& uri) {
   using ma::selection_uris::kInvalidArgument;
+  using ma::selection_uris::kSchemeSeparator;
+  using ma::selection_uris::kSchemeSeparatorLength;
   using ma::selection_uris::kSourceTypeLength;
   using ma::selection_uris::kVolumeBegin;
-  if (uri.size() < kVolumeBegin || uri.compare(kSourceTypeLength, ma::selection_uris::kSchemeSeparatorLength, "://") != 0) {
+  if (uri.size() < kVolumeBegin ||
+      uri.compare(kSourceTypeLength, kSchemeSeparatorLength, kSchemeSeparator) != 0) {
     MA_TRACE_AT(ma::trace::kSelectionFailures, __LINE__, __func__,
                 "No four-character source type followed by \"://\" found.\n");
     return kInvalidArgument;

@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -261,6 +262,16 @@ TEST_F(AllocationFailure, ReleasingAMessageAllocatesNothing) {
                      name.c_str(), [&msg] { ma::rpc::releaseMaItemMsgContent(msg); }, [] {}));
     std::memset(static_cast<void*>(&msg), 0, sizeof msg);  // released: nothing left to free
   }
+}
+
+TEST_F(AllocationFailure, ReleasingAndResettingAMessageAllocatesNothing) {
+  for (const KindCase& kind : allKinds()) {
+    itemMsgMaItem_t msg(*makeDistinctItem(kind.type, 9));
+    const std::string name = std::string("release and reset message ") + kind.name;
+    EXPECT_EQ(0, failEachAllocation(
+                     name.c_str(), [&msg] { ma::rpc::releaseMaItemMsgContentAndReset(msg); },
+                     [] {}));
+  }  // reset: the destructors have nothing left to free
 }
 
 // ---------------------------------------------------------------------------
@@ -581,6 +592,33 @@ TEST_F(AllocationFailure, SelectionParse) {
       });
   EXPECT_EQ(-22, result);
   EXPECT_EQ(before.sourceType, parts.sourceType);
+}
+
+TEST_F(AllocationFailure, SelectionSplitLeavesThePartsAsTheyWere) {
+  ma::SelectionStrings parts;
+  parts.sourceType = longText("old-type");
+  parts.volume = longText("old-volume");
+  parts.path = longText("old/path");
+  parts.parameters[longText("old-key")] = longText("old-value");
+  const ma::SelectionStrings before = parts;
+  const std::string uri = "dvbs://" + longText("volume") + "/" + longText("path") + "?" +
+                          longText("key") + "=1" + longText("next") + "=" + longText("value");
+  int result = 1;
+  failEachAllocation(
+      "mdcSelectionSplit", [&] { result = mdcSelectionSplit(parts, uri); },
+      [&] {
+        EXPECT_EQ(before.sourceType, parts.sourceType);
+        EXPECT_EQ(before.volume, parts.volume);
+        EXPECT_EQ(before.path, parts.path);
+        EXPECT_EQ(before.parameters, parts.parameters);
+      });
+  EXPECT_EQ(0, result);
+  EXPECT_EQ("dvbs", parts.sourceType);
+  EXPECT_EQ(longText("volume"), parts.volume);
+  EXPECT_EQ(longText("path"), parts.path);
+  const std::map<std::string, std::string> expected = {{longText("key"), "1"},
+                                                       {longText("next"), longText("value")}};
+  EXPECT_EQ(expected, parts.parameters);
 }
 
 }  // namespace

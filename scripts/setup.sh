@@ -18,6 +18,7 @@ packages=(
   abigail-tools                               # ABI baseline: abidw, abidiff
   libprotobuf-dev protobuf-compiler python3-matplotlib  # benchmarks: protobuf peer, plot
   clang libclang-rt-14-dev                    # fuzz targets (libFuzzer)
+  gdb gdb-multiarch                           # pretty-printer tests, host and ARM
 )
 
 missing=()

@@ -5,16 +5,24 @@
 // case, and measured three ways by the same program:
 //
 //   <program> [Google Benchmark flags]   wall-clock time per operation;
-//   <program> --instructions [--max-arg=N] [--filter=TEXT]
+//   <program> --instructions [--max-arg=N] [--filter=TEXT] [--phase-markers]
 //                                        under valgrind --tool=callgrind
 //                                        --collect-atstart=no: each case's
 //                                        operations are collected alone and
 //                                        dumped under the case's name, so the
 //                                        instruction count per operation can
-//                                        be read from the dumps;
+//                                        be read from the dumps; with
+//                                        --phase-markers, under QEMU with the
+//                                        insn_count plugin, which counts the
+//                                        instructions and allocations of each
+//                                        case between its phase markers
+//                                        (insn_count/phase_marker.h);
 //   <program> --smoke                    each case once at its smallest
 //                                        argument (the test command's check
 //                                        that the benchmarks still run).
+//
+// A build without Google Benchmark (the ARM target's) has the last two
+// forms only.
 //
 // A case is named "<scenario>/<variant>/<arg>". Within a scenario the
 // variant "ours" is the library's code path; every other variant ("floor",

@@ -53,10 +53,16 @@ inline std::string uuidOf(long i) {
   return uuid;
 }
 
-// Fills `folder` with `count` leaves: random 12-letter captions, identifiers
-// uuidOf(i), dates that are distinct when `distinctDates` (recording times
-// in seconds, shuffled) or drawn from 64 values otherwise (many ties).
-inline void fillFolder(ma::VfsFixedFolder& folder, long count, bool distinctDates = true) {
+// The caption head of a series: most captions of a recordings folder begin
+// with the same eight bytes or more ("Tatort: Borowski und ...").
+constexpr char kSeriesHead[] = "Tatort: ";
+
+// Fills `folder` with `count` leaves: captions of `captionHead` followed by
+// 12 random letters, identifiers uuidOf(i), dates that are distinct when
+// `distinctDates` (recording times in seconds, shuffled) or drawn from 64
+// values otherwise (many ties).
+inline void fillFolder(ma::VfsFixedFolder& folder, long count, bool distinctDates = true,
+                       std::string const& captionHead = std::string()) {
   std::mt19937 random(42);
   std::uniform_int_distribution<int> letter('a', 'z');
   std::vector<long long> dates(static_cast<std::size_t>(count));
@@ -66,15 +72,18 @@ inline void fillFolder(ma::VfsFixedFolder& folder, long count, bool distinctDate
   }
   std::shuffle(dates.begin(), dates.end(), random);
   for (long i = 0; i < count; ++i) {
-    std::string caption(12, ' ');
-    for (char& c : caption) c = static_cast<char>(letter(random));
+    std::string caption = captionHead + std::string(12, ' ');
+    for (std::size_t c = captionHead.size(); c < caption.size(); ++c) {
+      caption[c] = static_cast<char>(letter(random));
+    }
     folder.addEntry(makeLeaf(caption, uuidOf(i), dates[static_cast<std::size_t>(i)]));
   }
 }
 
-inline FolderPtr makeFolder(long count, bool distinctDates = true) {
+inline FolderPtr makeFolder(long count, bool distinctDates = true,
+                            std::string const& captionHead = std::string()) {
   FolderPtr folder(new BrowsableFolder());
-  fillFolder(*folder, count, distinctDates);
+  fillFolder(*folder, count, distinctDates, captionHead);
   return folder;
 }
 

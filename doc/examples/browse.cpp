@@ -3,17 +3,23 @@
 //
 // Browsing the sample tree: the asynchronous iterator operations, their
 // synchronous twins, and sorted iteration.
-#include <boost/shared_ptr.hpp>
+// [guide:browse-includes]
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include <boost/shared_ptr.hpp>  // also boost::dynamic_pointer_cast
+
+#include "ma/mdc_item.h"       // ma::OtherItemInfo
+#include "ma/mdc_vfs_base.h"   // ma::VfsEntry, ma::VfsIterator
+#include "ma/mdc_vfs_fixed.h"  // ma::VfsFixedFolder and its getSortedIterator()
+// [guide:end]
+
 #include "example_tree.h"
-#include "ma/mdc_vfs_base.h"
-#include "ma/mdc_vfs_fixed.h"
 
 using example::captionOf;
 using example::check;
+using example::makeFolder;
 
 namespace {
 
@@ -68,8 +74,14 @@ int main() {
 
   {
     // [guide:sorted]
+    // getSortedIterator() is a member of the fixed folder, not of VfsEntry:
+    // cast first. The cast answers an empty pointer for a leaf or an entry
+    // of another implementation.
     boost::shared_ptr<ma::VfsFixedFolder> folder =
         boost::dynamic_pointer_cast<ma::VfsFixedFolder>(recordings);
+    check(folder != nullptr, "a fixed folder");
+    check(!boost::dynamic_pointer_cast<ma::VfsFixedFolder>(root->resolvePath("$2$0")),
+          "a leaf is no folder");
     boost::shared_ptr<ma::VfsIterator> byTitle = folder->getSortedIterator("+dc:title");
     boost::shared_ptr<ma::VfsIterator> newestFirst = folder->getSortedIterator("");  // by date
     check(captionOf(byTitle->getCurrentChild()) == "Abendschau", "caption ascending");
@@ -79,6 +91,29 @@ int main() {
     // [guide:end]
     byTitle->advance();
     check(captionOf(byTitle->getCurrentChild()) == "Bergdoktor", "then Bergdoktor");
+  }
+
+  {
+    // [guide:sorted-bytes]
+    // "+dc:title" compares the captions byte by byte: not the titles, no
+    // locale, no case folding. Upper case comes before lower case, and a
+    // UTF-8 "Ä" (bytes 0xC3 0x84) after every ASCII letter.
+    boost::shared_ptr<ma::VfsFixedFolder> shelf = makeFolder("Shelf", "UUID-shelf");
+    for (char const* caption : {"zebra", "\xC3\x84rger", "Zoo", "apple"}) {
+      boost::shared_ptr<ma::ItemInfo> record(new ma::OtherItemInfo(caption, caption));
+      record->setTitle("Untitled");  // the title plays no part in the order
+      shelf->addEntry(boost::shared_ptr<ma::VfsEntry>(
+          new ma::VfsFixedEntry(record, boost::shared_ptr<ma::VfsUserData>())));
+    }
+    std::vector<std::string> order;
+    boost::shared_ptr<ma::VfsIterator> it = shelf->getSortedIterator("+dc:title");
+    for (boost::shared_ptr<ma::VfsEntry> child = it->getCurrentChild(); child;
+         it->advance(), child = it->getCurrentChild()) {
+      order.push_back(captionOf(child));
+    }
+    check(order == std::vector<std::string>({"Zoo", "apple", "zebra", "\xC3\x84rger"}),
+          "byte order, captions only");
+    // [guide:end]
   }
   return 0;
 }

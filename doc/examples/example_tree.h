@@ -2,7 +2,8 @@
 // Copyright 2026 The libma-common Authors
 //
 // What the guide's example programs share: a check that ends the program on
-// a wrong answer, and the sample tree that most of them browse.
+// a wrong answer, the caption of an entry, and the sample tree that most of
+// them browse.
 //
 // The tree, built by buildMediaTree():
 //
@@ -17,15 +18,15 @@
 #ifndef MA_EXAMPLES_EXAMPLE_TREE_H_
 #define MA_EXAMPLES_EXAMPLE_TREE_H_
 
+// [guide:helpers]
 #include <cstdlib>
 #include <iostream>
 #include <string>
 
 #include <boost/shared_ptr.hpp>
 
-#include "ma/mdc_item.h"
-#include "ma/mdc_vfs_fixed.h"
-#include "ma/mdc_vfs_user_data_dr.h"
+#include "ma/mdc_item.h"      // ma::ItemInfo
+#include "ma/mdc_vfs_base.h"  // ma::VfsEntry
 
 namespace example {
 
@@ -36,6 +37,28 @@ inline void check(bool ok, const char* what) {
     std::exit(1);
   }
 }
+
+// The caption of `entry`'s record, or "" without entry or record.
+inline std::string captionOf(boost::shared_ptr<ma::VfsEntry> const& entry) {
+  if (!entry) return "";
+  boost::shared_ptr<ma::ItemInfo> record = entry->getItemInfo();
+  return record ? record->getCaption() : "";
+}
+
+}  // namespace example
+// [guide:end]
+
+// [guide:tree-includes]
+#include <string>
+
+#include <boost/shared_ptr.hpp>
+
+#include "ma/mdc_item.h"              // ma::FolderItemInfo, ma::MusicItemInfo, ma::VideoItemInfo
+#include "ma/mdc_vfs_fixed.h"         // ma::VfsFixedFolder, ma::VfsFixedEntry
+#include "ma/mdc_vfs_user_data_dr.h"  // VfsUserDataDR, in the global namespace
+// [guide:end]
+
+namespace example {
 
 // [guide:make-entries]
 // A folder: its record, shared, inside a folder entry, shared as well.
@@ -81,13 +104,6 @@ inline boost::shared_ptr<ma::VfsFixedFolder> buildMediaTree() {
   return root;
 }
 // [guide:end]
-
-// The caption of `entry`'s record, or "" without entry or record.
-inline std::string captionOf(boost::shared_ptr<ma::VfsEntry> const& entry) {
-  if (!entry) return "";
-  boost::shared_ptr<ma::ItemInfo> record = entry->getItemInfo();
-  return record ? record->getCaption() : "";
-}
 
 }  // namespace example
 

@@ -2,13 +2,18 @@
 // Copyright 2026 The libma-common Authors
 //
 // Paths in the sample tree: positions, identifier queries and failures.
-#include <boost/shared_ptr.hpp>
-#include <boost/smart_ptr/bad_weak_ptr.hpp>
+// [guide:paths-includes]
 #include <string>
 
+#include <boost/shared_ptr.hpp>
+#include <boost/smart_ptr/bad_weak_ptr.hpp>
+
+#include "ma/mdc_item.h"       // ma::FolderItemInfo
+#include "ma/mdc_vfs_base.h"   // ma::VfsEntry::resolvePath(), findUuid()
+#include "ma/mdc_vfs_fixed.h"  // ma::VfsFixedFolder::findEntry(), findEntrybyUUID()
+// [guide:end]
+
 #include "example_tree.h"
-#include "ma/mdc_vfs_base.h"
-#include "ma/mdc_vfs_fixed.h"
 
 using example::captionOf;
 using example::check;

@@ -3,13 +3,14 @@
 //
 // Item records: the kinds, setters that trim and setters that do not, a
 // record without field store, copies.
-#include <boost/shared_ptr.hpp>
+// [guide:records-includes]
 #include <iostream>
 #include <memory>
-#include <string>
+
+#include "ma/mdc_item.h"  // ma::ItemInfo, its nine kinds, ma::itemType
+// [guide:end]
 
 #include "example_tree.h"
-#include "ma/mdc_item.h"
 
 using example::check;
 

@@ -6,9 +6,12 @@
 // stand-in platform library has a threshold per module (zel/zel_standin.h).
 #include <boost/shared_ptr.hpp>
 
+// [guide:trace-includes]
+#include "zel/zel_debug.h"    // zelDebugCheckLevelGetFrameAndChunk(), the platform's
+#include "zel/zel_standin.h"  // zel_standin::setThreshold(), the host stand-in's only
+// [guide:end]
+
 #include "example_tree.h"
-#include "zel/zel_debug.h"
-#include "zel/zel_standin.h"
 
 using example::check;
 
@@ -32,5 +35,15 @@ int main() {
   zel_standin::resetThresholds();             // every module back to 3000
   // [guide:end]
   check(zelDebugCheckLevelGetFrameAndChunk(8260536) != 0, "selection failures on again");
+
+  // [guide:quiet-trace]
+  // A host program that expects some paths not to resolve, without the
+  // failure lines on stderr: the VFS module's threshold at 0 lets nothing
+  // of it through.
+  zel_standin::setThreshold(375, 0);
+  check(!root->resolvePath("$9"), "still not resolved, but nothing written");
+  check(!zelDebugCheckLevelGetFrameAndChunk(375 * 65536 + 3000), "VFS failures silent");
+  // [guide:end]
+  zel_standin::resetThresholds();
   return 0;
 }

@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -263,6 +264,16 @@ TEST_F(AllocationFailure, ReleasingAMessageAllocatesNothing) {
   }
 }
 
+TEST_F(AllocationFailure, ReleasingAndResettingAMessageAllocatesNothing) {
+  for (const KindCase& kind : allKinds()) {
+    itemMsgMaItem_t msg(*makeDistinctItem(kind.type, 9));
+    const std::string name = std::string("release and reset message ") + kind.name;
+    EXPECT_EQ(0, failEachAllocation(
+                     name.c_str(), [&msg] { ma::rpc::releaseMaItemMsgContentAndReset(msg); },
+                     [] {}));
+  }  // reset: the destructors have nothing left to free
+}
+
 // ---------------------------------------------------------------------------
 // The fixed tree
 
@@ -389,6 +400,84 @@ TEST_F(AllocationFailure, PathResolution) {
   EXPECT_FALSE(found);
 }
 
+// How many path steps of a walk were entered and how many returned; plain
+// counters, so that counting allocates nothing.
+struct StepCount {
+  int entered = 0;
+  int returned = 0;
+};
+
+// A folder that counts its path steps.
+class StepCountingFolder : public CheckedFolder {
+ public:
+  StepCountingFolder(std::string const& caption, StepCount& count)
+      : CheckedFolder(caption), m_count(count) {}
+
+  int resolvePathPart(EntryPtr& child, std::string& rest, std::string& resolvedPath,
+                      std::string path, std::string query) override {
+    ++m_count.entered;
+    const int status = CheckedFolder::resolvePathPart(child, rest, resolvedPath, path, query);
+    ++m_count.returned;
+    return status;
+  }
+
+ private:
+  StepCount& m_count;
+};
+
+TEST_F(AllocationFailure, PathResolutionLeavesParentWhereTheWalkStood) {
+  // A chain of four folders, each with its successor as child 2; the path
+  // names a leaf below the last with indices long enough that the path, the
+  // remaining paths and the rests live on the heap.
+  StepCount count;
+  std::vector<CheckedFolderPtr> chain;
+  for (int level = 0; level < 4; ++level) {
+    chain.push_back(CheckedFolderPtr(new StepCountingFolder(longText("level"), count)));
+    chain.back()->addEntry(makeLeaf(longText("a")));
+    chain.back()->addEntry(makeLeaf(longText("b")));
+    if (level > 0) chain[level - 1]->addEntry(chain.back());
+  }
+  const EntryPtr leaf = makeLeaf(longText("leaf"));
+  chain.back()->addEntry(leaf);
+  std::vector<std::vector<EntryPtr>> before;
+  for (const CheckedFolderPtr& folder : chain) before.push_back(childrenOf(*folder));
+
+  const EntryPtr callersParent = makeLeaf("caller's parent");
+  const EntryPtr callersResult = makeLeaf("caller's result");
+  EntryPtr result;
+  EntryPtr parent;
+  std::string resultPath;
+  int status = 1;
+  failEachAllocation(
+      "resolvePath with details, four levels",
+      [&] {
+        count = StepCount();
+        result = callersResult;
+        parent = callersParent;
+        resultPath = "caller's path";
+        status = chain[0]->resolvePath(result, resultPath, parent,
+                                       "$0000000002$0000000002$0000000002$0000000002", "");
+      },
+      [&] {
+        // The current entry is chain[count.entered - 1] if the failure was
+        // inside its step, chain[count.returned] if it was between steps;
+        // parent is the entry it was reached from, or the caller's value
+        // while the walk stands on its first entry.
+        const int current = count.entered > count.returned ? count.entered - 1 : count.returned;
+        EXPECT_EQ(current > 0 ? EntryPtr(chain[current - 1]) : callersParent, parent)
+            << count.entered << " steps entered, " << count.returned << " returned";
+        EXPECT_EQ(callersResult, result);
+        EXPECT_EQ("caller's path", resultPath);
+        for (std::size_t level = 0; level < chain.size(); ++level) {
+          expectHolds(*chain[level], before[level]);
+        }
+      });
+  EXPECT_EQ(0, status);
+  EXPECT_EQ(leaf, result);
+  EXPECT_EQ(chain[3], parent);
+  EXPECT_EQ("$0000000002$0000000002$0000000002", resultPath);
+}
+
 TEST_F(AllocationFailure, Lookup) {
   const CheckedFolderPtr folder = makeFolder(6);
   const std::vector<EntryPtr> before = childrenOf(*folder);
@@ -503,6 +592,33 @@ TEST_F(AllocationFailure, SelectionParse) {
       });
   EXPECT_EQ(-22, result);
   EXPECT_EQ(before.sourceType, parts.sourceType);
+}
+
+TEST_F(AllocationFailure, SelectionSplitLeavesThePartsAsTheyWere) {
+  ma::SelectionStrings parts;
+  parts.sourceType = longText("old-type");
+  parts.volume = longText("old-volume");
+  parts.path = longText("old/path");
+  parts.parameters[longText("old-key")] = longText("old-value");
+  const ma::SelectionStrings before = parts;
+  const std::string uri = "dvbs://" + longText("volume") + "/" + longText("path") + "?" +
+                          longText("key") + "=1" + longText("next") + "=" + longText("value");
+  int result = 1;
+  failEachAllocation(
+      "mdcSelectionSplit", [&] { result = mdcSelectionSplit(parts, uri); },
+      [&] {
+        EXPECT_EQ(before.sourceType, parts.sourceType);
+        EXPECT_EQ(before.volume, parts.volume);
+        EXPECT_EQ(before.path, parts.path);
+        EXPECT_EQ(before.parameters, parts.parameters);
+      });
+  EXPECT_EQ(0, result);
+  EXPECT_EQ("dvbs", parts.sourceType);
+  EXPECT_EQ(longText("volume"), parts.volume);
+  EXPECT_EQ(longText("path"), parts.path);
+  const std::map<std::string, std::string> expected = {{longText("key"), "1"},
+                                                       {longText("next"), longText("value")}};
+  EXPECT_EQ(expected, parts.parameters);
 }
 
 }  // namespace

@@ -68,6 +68,10 @@ DeliverySystem::DeliverySystem(DeliverySystemBitmask_t bits) : value_(DELIVERY_S
   }
 }
 
+DeliverySystem_t DeliverySystem::getValue() const { return value_; }
+
+char const* DeliverySystem::getName() const { return getDeliverySystemName(value_); }
+
 int DeliverySystem::getBitmask() const { return lookUp(bitmaskMap, value_, 0); }
 
 int DeliverySystem::getFrontend() const { return lookUp(frontendMap, value_, 0); }

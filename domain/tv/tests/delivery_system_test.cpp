@@ -69,11 +69,14 @@ Row rowOf(int value) {
 // neighbours on both sides.
 constexpr int kCheckedValues[] = {-2, -1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 
-// A DeliverySystem holds nothing but its value and offers no access to it.
+// A DeliverySystem holds nothing but its value, and its accessors add no
+// member: the layout is one int, as client binaries were compiled against.
 // Values outside the enumerators only come from memory written elsewhere, so
 // the tests place and read the value by copying its bytes.
 static_assert(std::is_trivially_copyable_v<DeliverySystem>);
+static_assert(std::is_standard_layout_v<DeliverySystem>);
 static_assert(sizeof(DeliverySystem) == sizeof(int));
+static_assert(alignof(DeliverySystem) == alignof(int));
 
 DeliverySystem withValue(int value) {
   DeliverySystem system(zu::domain::tv::DELIVERY_SYSTEM_BITMASK_NONE);
@@ -325,6 +328,45 @@ TEST(DeliverySystemName, OfFourteenAndOfNegativeValuesIsUndefined) {
   EXPECT_STREQ("UNDEFINED DELIVERY SYSTEM", nameOf(-1));
   EXPECT_STREQ("UNDEFINED DELIVERY SYSTEM", nameOf(-2));
   EXPECT_STREQ("UNDEFINED DELIVERY SYSTEM", nameOf(INT_MIN));
+}
+
+// --- the system's own value and name ---
+
+TEST(DeliverySystemValue, OfEveryCombinationOfBitsIsTheSystemSelected) {
+  for (unsigned int high : {0x0u, 0xFFFFE000u}) {
+    for (unsigned int bits = 0; bits <= kAllBits; ++bits) {
+      DeliverySystem const system(bits | high);
+      ASSERT_EQ(expectedValueOf(bits), static_cast<int>(system.getValue())) << std::hex << bits;
+      ASSERT_EQ(valueOf(system), static_cast<int>(system.getValue())) << std::hex << bits;
+    }
+  }
+}
+
+TEST(DeliverySystemValue, IsTheHeldValueAlsoOutsideTheEnumerators) {
+  for (int value : kCheckedValues) {
+    EXPECT_EQ(value, static_cast<int>(withValue(value).getValue()));
+  }
+  for (int value : {INT_MIN, -13, 16, 0x2000, INT_MAX}) {
+    EXPECT_EQ(value, static_cast<int>(withValue(value).getValue()));
+  }
+}
+
+TEST(DeliverySystemValue, NamesTheSystemOfABitSet) {
+  DeliverySystem const system(zu::domain::tv::DELIVERY_SYSTEM_BITMASK_DVB_T |
+                              zu::domain::tv::DELIVERY_SYSTEM_BITMASK_DVB_T2);
+  EXPECT_EQ(zu::domain::tv::DELIVERY_SYSTEM_DVB_T2, system.getValue());
+  EXPECT_STREQ("DELIVERY_SYSTEM_DVB_T2", system.getName());
+}
+
+TEST(DeliverySystemName, OfTheSystemIsTheTextOfItsValue) {
+  for (int value : kCheckedValues) {
+    SCOPED_TRACE(value);
+    EXPECT_STREQ(rowOf(value).name, withValue(value).getName());
+    EXPECT_EQ(nameOf(value), withValue(value).getName());  // the same constant text
+  }
+  for (int value : {INT_MIN, -13, 16, INT_MAX}) {
+    EXPECT_STREQ("UNDEFINED DELIVERY SYSTEM", withValue(value).getName());
+  }
 }
 
 TEST(DeliverySystemName, IsTheSameConstantTextOnEveryCall) {

@@ -42,5 +42,10 @@ void releaseMaItemMsgContent(_itemMsgMaItem_struct& msg) {
   std::free(payload);
 }
 
+void releaseMaItemMsgContentAndReset(_itemMsgMaItem_struct& msg) {
+  releaseMaItemMsgContent(msg);
+  codec::clearMessage(msg);
+}
+
 }  // namespace rpc
 }  // namespace ma

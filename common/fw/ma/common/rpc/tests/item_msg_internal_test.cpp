@@ -276,6 +276,38 @@ TEST(ItemMsgFrees, ReleasingTwiceFreesTheSameBlocksTwice) {
   forget(&msg);
 }
 
+TEST(ItemMsgFrees, ReleaseAndResetFreesTheSameBlocksInTheSameOrderAsRelease) {
+  for (const KindCase& kind : allKinds()) {
+    std::vector<const void*> released;
+    {
+      itemMsgMaItem_t msg(*makeDistinctItem(kind.type, 6));
+      AllocationWatch watch;
+      watch.holdFrees();  // the blocks stay valid for the second release
+      ma::rpc::releaseMaItemMsgContent(msg);
+      released = watch.frees();
+      ma::rpc::releaseMaItemMsgContentAndReset(msg);
+      const std::vector<const void*> frees = watch.frees();
+      ASSERT_EQ(2 * released.size(), frees.size()) << kind.name;
+      EXPECT_EQ(released, std::vector<const void*>(frees.begin() + released.size(), frees.end()))
+          << kind.name;
+    }  // the destructor of the reset message frees nothing
+    ASSERT_FALSE(released.empty()) << kind.name;
+    for (const void* block : released) std::free(const_cast<void*>(block));
+  }
+}
+
+TEST(ItemMsgFrees, ReleaseAndResetTwiceAndTheDestructorFreeOnlyOnce) {
+  auto* msg = new itemMsgMaItem_t(*makeItem(ma::ITEM_TYPE_VIDEO, "c", "u"));
+  const void* payload = msg->video.data;
+  AllocationWatch watch;
+  ma::rpc::releaseMaItemMsgContentAndReset(*msg);
+  ASSERT_EQ(42u + 2u + 1u, watch.frees().size());
+  EXPECT_EQ(payload, watch.frees().back());
+  ma::rpc::releaseMaItemMsgContentAndReset(*msg);
+  delete msg;
+  EXPECT_EQ(42u + 2u + 1u, watch.frees().size());
+}
+
 // ---------------------------------------------------------------------------
 // Failed allocations
 

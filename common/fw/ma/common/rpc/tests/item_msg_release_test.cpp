@@ -105,6 +105,63 @@ TEST(ItemMsgRelease, PresenceWordIsNotConsulted) {
 }
 
 // ---------------------------------------------------------------------------
+// Release and reset
+
+TEST(ItemMsgReleaseAndReset, FreesTheContentOfEveryKindAndLeavesTheMessageAllZero) {
+  for (const auto& kind : ma_rpc_test::allKinds()) {
+    itemMsgMaItem_t msg(*makeDistinctItem(kind.type, 8));
+    ASSERT_NE(Bytes(sizeof msg, 0), topLevelOf(msg)) << kind.name;
+    ma::rpc::releaseMaItemMsgContentAndReset(msg);
+    EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg)) << kind.name;
+  }  // the destructors free nothing more; the leak checkers see each block freed once
+}
+
+TEST(ItemMsgReleaseAndReset, ReleasingTwiceIsSafe) {
+  itemMsgMaItem_t msg(*makeItem(ma::ITEM_TYPE_VIDEO, "c", "u"));
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+}
+
+TEST(ItemMsgReleaseAndReset, ResetMessageCarriesNoItemAndCanBeFilledAgain) {
+  itemMsgMaItem_t msg(*makeItem(ma::ITEM_TYPE_MUSIC, "first", "u1"));
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  EXPECT_FALSE(ma::rpc::convertMaItem(msg));
+  msg = *makeItem(ma::ITEM_TYPE_PICTURE, "second", "u2");
+  const ItemPtr back = msg;
+  ASSERT_TRUE(back);
+  EXPECT_EQ(ma::ITEM_TYPE_PICTURE, back->getItemType());
+  EXPECT_EQ("second", back->getCaption());
+}  // the destructor frees the second content
+
+TEST(ItemMsgReleaseAndReset, ClearsEveryByteAlsoWhereReleaseHadNothingToFree) {
+  itemMsgMaItem_t msg;
+  std::memset(static_cast<void*>(&msg), 0, sizeof msg);
+  msg.kind = 5;  // names no slot: release frees nothing
+  msg.folder.present = 1;
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+}
+
+TEST(ItemMsgReleaseAndReset, FreesOnlyTheSlotNamedByKindAndThenForgetsTheOthers) {
+  // A payload hanging from a slot that `kind` does not name is not freed,
+  // as by release; the caller that put it there still owns it.
+  const itemMsgMaItem_t owner(*makeItem(ma::ITEM_TYPE_FOLDER, "folder", "u"));
+  itemMsgMaItem_t msg(*makeItem(ma::ITEM_TYPE_MUSIC, "music", "u"));
+  msg.folder = {1, owner.folder.data};
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  EXPECT_EQ(Bytes(sizeof msg, 0), topLevelOf(msg));
+  EXPECT_EQ("folder", ma_rpc_test::textOf(owner.folder.data->info.caption));
+}  // `owner` frees the folder payload once
+
+TEST(ItemMsgReleaseAndReset, WritesNoTraceLine) {
+  itemMsgMaItem_t msg(*makeItem(ma::ITEM_TYPE_DOCUMENT, "c", "u"));
+  ma_test::TraceCapture capture;
+  ma::rpc::releaseMaItemMsgContentAndReset(msg);
+  EXPECT_EQ(std::vector<std::string>(), capture.texts());
+}
+
+// ---------------------------------------------------------------------------
 // Wrapper
 
 TEST(ItemMsgWrapper, IsTheMessageAndNothingElse) {

@@ -2,12 +2,18 @@
 // Copyright 2026 The libma-common Authors
 //
 // Selection URIs: writing and splitting "type://volume/path?parameters".
+//
+// mdcSelectionParse() keeps the delivered behaviour that its clients were
+// built against (std::length_error for every well-formed URI);
+// mdcSelectionSplit() is the working reader for new code.
 #include "ma/mdc_selection_uris.h"
 
 #include <cerrno>
 #include <cstring>
+#include <map>
 #include <sstream>
 #include <utility>
+#include <vector>
 
 #include "ma_internal/trace.h"
 #include "mdc_selection_uris_internal.h"
@@ -123,6 +129,68 @@ int parsePathAndParameters(SelectionStrings& parts, char const* pathBegin) {
   }
 }
 
+namespace {
+
+// Every written URI begins with four bytes of source type and "://"; the
+// volume follows.
+constexpr char kSchemeSeparator[] = "://";
+constexpr std::string::size_type kSchemeSeparatorLength = sizeof kSchemeSeparator - 1;
+constexpr std::string::size_type kVolumeBegin = kSourceTypeLength + kSchemeSeparatorLength;
+
+bool isAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+// Splits the text between two "=" into the end of one value and the next
+// key: the key begins at the first ASCII letter.
+std::pair<std::string, std::string> splitValueAndKey(std::string const& segment) {
+  std::string::size_type letter = 0;
+  while (letter < segment.size() && !isAsciiLetter(segment[letter])) {
+    ++letter;
+  }
+  return {segment.substr(0, letter), segment.substr(letter)};
+}
+
+}  // namespace
+
+std::map<std::string, std::string> splitParameters(std::string const& text) {
+  std::map<std::string, std::string> parameters;
+  std::vector<std::string> segments;  // the text between the "="
+  std::string::size_type begin = 0;
+  for (std::string::size_type equals = text.find('='); equals != std::string::npos;
+       equals = text.find('=', begin)) {
+    segments.push_back(text.substr(begin, equals - begin));
+    begin = equals + 1;
+  }
+  segments.push_back(text.substr(begin));
+
+  std::string key = std::move(segments.front());
+  if (segments.size() == 1) {  // no "=": one key without value
+    parameters.emplace(std::move(key), std::string());
+    return parameters;
+  }
+  std::string value;
+  for (std::size_t i = 1; i + 1 < segments.size(); ++i) {
+    auto [valueEnd, nextKey] = splitValueAndKey(segments[i]);
+    // A new parameter needs a non-empty value before it and a key that sorts
+    // after the current one, as the writer orders them; otherwise the "="
+    // belongs to the current value.
+    std::string completeValue = value + valueEnd;
+    if (!completeValue.empty() && key < nextKey) {
+      parameters.emplace_hint(parameters.end(), std::move(key), std::move(completeValue));
+      key = std::move(nextKey);
+      value.clear();
+    } else {
+      value += segments[i];
+      value += '=';
+    }
+  }
+  value += segments.back();
+  if (value.empty()) {
+    key += '=';  // the text ends with "=": it belongs to the key
+  }
+  parameters.emplace_hint(parameters.end(), std::move(key), std::move(value));
+  return parameters;
+}
+
 }  // namespace selection_uris
 }  // namespace ma
 
@@ -156,4 +224,38 @@ int mdcSelectionParse(ma::SelectionStrings& parts, std::string uri) {
   // URI." case cannot arise here; the check stays in parseSelectionText(),
   // which works on the raw text. The text ends at its first NUL byte.
   return ma::selection_uris::parseSelectionText(parts, uri.c_str());
+}
+
+int mdcSelectionSplit(ma::SelectionStrings& parts, std::string const& uri) {
+  using ma::selection_uris::kInvalidArgument;
+  using ma::selection_uris::kSchemeSeparator;
+  using ma::selection_uris::kSchemeSeparatorLength;
+  using ma::selection_uris::kSourceTypeLength;
+  using ma::selection_uris::kVolumeBegin;
+  if (uri.size() < kVolumeBegin ||
+      uri.compare(kSourceTypeLength, kSchemeSeparatorLength, kSchemeSeparator) != 0) {
+    MA_TRACE_AT(ma::trace::kSelectionFailures, __LINE__, __func__,
+                "No four-character source type followed by \"://\" found.\n");
+    return kInvalidArgument;
+  }
+  std::string::size_type const volumeEnd = uri.find('/', kVolumeBegin);
+  if (volumeEnd == std::string::npos) {
+    MA_TRACE_AT(ma::trace::kSelectionFailures, __LINE__, __func__,
+                "No \"/\" found behind the volume.\n");
+    return kInvalidArgument;
+  }
+  std::string::size_type const pathBegin = volumeEnd + 1;
+  std::string::size_type const question = uri.find('?', pathBegin);
+
+  // Built aside and moved in at the end: a failure leaves `parts` as it was.
+  ma::SelectionStrings result;
+  result.sourceType = uri.substr(0, kSourceTypeLength);
+  result.volume = uri.substr(kVolumeBegin, volumeEnd - kVolumeBegin);
+  result.path = uri.substr(pathBegin, question == std::string::npos ? std::string::npos
+                                                                     : question - pathBegin);
+  if (question != std::string::npos) {
+    result.parameters = ma::selection_uris::splitParameters(uri.substr(question + 1));
+  }
+  parts = std::move(result);
+  return 0;
 }

@@ -11,6 +11,9 @@
 #ifndef MA_SELECTIONS_MDC_SELECTION_URIS_INTERNAL_H_
 #define MA_SELECTIONS_MDC_SELECTION_URIS_INTERNAL_H_
 
+#include <map>
+#include <string>
+
 #include "ma/mdc_selection_uris.h"
 
 namespace ma {
@@ -38,6 +41,12 @@ char const* findVolumeEnd(char const* searchFrom, char const* volumeBegin);
 // are already there. Always returns 0.
 // REQUIRES: pathBegin points into a NUL-terminated text.
 int parsePathAndParameters(SelectionStrings& parts, char const* pathBegin);
+
+// The parameters of the text behind a URI's "?", as mdcSelectionSplit()
+// reads them (the rules are in mdc_selection_uris.h). Never empty: a text
+// without "=" is one key with an empty value. Writing the result with
+// mdcSelectionCreate() gives `text` back.
+std::map<std::string, std::string> splitParameters(std::string const& text);
 
 }  // namespace selection_uris
 }  // namespace ma

@@ -123,8 +123,10 @@ namespace {
 
 // What the five-argument resolvePath() reports beside the entry named: the
 // entry whose step produced it and the resolved path as it stood when the
-// walk reached that entry. The one-argument form reports neither, so its
-// walk keeps neither (no copy of the resolved path per level).
+// walk reached that entry. The walk writes `parent` at every step, so that
+// a step that throws leaves it naming the entry the current one was reached
+// from. The one-argument form reports neither, so its walk keeps neither
+// (no copy of the resolved path per level).
 struct WalkTrail {
   boost::shared_ptr<VfsEntry>& parent;
   std::string& resultPath;
@@ -156,7 +158,6 @@ int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
     resolvedPath.reserve(2 * path.size());
     if (trail != nullptr) parentPath.reserve(2 * path.size());
   }
-  boost::shared_ptr<VfsEntry> previous;  // whose step reached `current`; empty at the start
   for (;;) {
     MA_TRACE_AT(kVfsCalls, 240, "resolvePath", "Resolving path part \"%s\" childTotal = \"%s\"... \n",
                 remaining->c_str(), resolvedPath.c_str());
@@ -169,8 +170,8 @@ int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
       MA_TRACE_AT(kVfsFailures, 246, "resolvePath",
                   "Lookup of \"%s\" failed with currPath \"%s\" (%d).\n", path.c_str(),
                   remaining->c_str(), status);
-      // Without a previous entry the caller's value stays.
-      if (trail != nullptr && previous) trail->parent = std::move(previous);
+      // `parent` already names the entry `current` was reached from (the
+      // caller's value when the first step failed).
       return kPathNotResolved;
     }
     if (rest->empty()) {
@@ -182,7 +183,9 @@ int walkPath(boost::shared_ptr<VfsEntry> current, std::string const& path,
       return 0;
     }
     if (trail != nullptr) {
-      previous = std::move(current);
+      // The caller's `parent` takes the entry left behind (moved, not
+      // copied) before anything that may throw: the copy below, the next step.
+      trail->parent = std::move(current);
       parentPath = resolvedPath;
     }
     current = std::move(child);

@@ -9,6 +9,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/bad_weak_ptr.hpp>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -306,6 +307,74 @@ TEST(VfsPathTest, FailedLaterStepLeavesTheEntryBeforeTheFailingOneAsParent) {
   EXPECT_EQ("untouched path", walk.resultPath);
   EXPECT_EQ(root, walk.parent);
   EXPECT_EQ(failedLine("$0$3", "3", -2), capture.texts().back());
+}
+
+// A client entry whose step does not return: it throws what it was given.
+class ThrowingStepEntry : public BrowsableEntry {
+ public:
+  explicit ThrowingStepEntry(std::string const& message) : m_message(message) {}
+
+  int resolvePathPart(EntryPtr& /*child*/, std::string& /*rest*/, std::string& /*resolvedPath*/,
+                      std::string /*path*/, std::string /*query*/) override {
+    throw std::runtime_error(m_message);
+  }
+
+ private:
+  std::string m_message;
+};
+
+// root -> "$0" middle -> "$1" `second`: a walk whose third step is the
+// second-level entry's own.
+struct TwoLevels {
+  explicit TwoLevels(EntryPtr const& second) {
+    root->addEntry(middle);
+    middle->addEntry(makeLeaf("filler"));
+    middle->addEntry(second);
+  }
+
+  FolderPtr root = makeFolder("root");
+  FolderPtr middle = makeFolder("middle");
+};
+
+TEST(VfsPathTest, StepThatThrowsAtTheSecondLevelLeavesTheFirstLevelEntryAsParent) {
+  boost::shared_ptr<ThrowingStepEntry> thrower(new ThrowingStepEntry("client step failed"));
+  TwoLevels tree(thrower);
+  Walk walk(makeLeaf("caller's parent"));
+  const EntryPtr callersResult = walk.result;
+  try {
+    walk.run(*tree.root, "$0$1$next");
+    ADD_FAILURE() << "the client step's exception did not pass through";
+  } catch (std::runtime_error const& error) {
+    EXPECT_STREQ("client step failed", error.what());
+  }
+  EXPECT_EQ(tree.middle, walk.parent);
+  EXPECT_EQ(callersResult, walk.result);
+  EXPECT_EQ("untouched path", walk.resultPath);
+}
+
+TEST(VfsPathTest, UnownedChildAtTheSecondLevelLeavesTheFirstLevelEntryAsParent) {
+  // The folder holds the child through a pointer that does not own it, so
+  // the child's identifier query cannot reach its own shared pointer.
+  BrowsableEntry unowned(makeItem("unowned"));
+  unowned.add(makeLeaf("below", "UUID-1"));
+  TwoLevels tree(EntryPtr(EntryPtr(), &unowned));
+  Walk walk(makeLeaf("caller's parent"));
+  const EntryPtr callersResult = walk.result;
+  EXPECT_THROW(walk.run(*tree.root, "$0$1$UUID-1"), boost::bad_weak_ptr);
+  EXPECT_EQ(tree.middle, walk.parent);
+  EXPECT_EQ(callersResult, walk.result);
+  EXPECT_EQ("untouched path", walk.resultPath);
+}
+
+TEST(VfsPathTest, FirstStepThatThrowsLeavesTheCallersParent) {
+  boost::shared_ptr<ThrowingStepEntry> thrower(new ThrowingStepEntry("first step failed"));
+  EntryPtr callersParent = makeLeaf("caller's parent");
+  Walk walk(callersParent);
+  const EntryPtr callersResult = walk.result;
+  EXPECT_THROW(walk.run(*thrower, "$0$1"), std::runtime_error);
+  EXPECT_EQ(callersParent, walk.parent);
+  EXPECT_EQ(callersResult, walk.result);
+  EXPECT_EQ("untouched path", walk.resultPath);
 }
 
 TEST(VfsPathTest, WalkIntoALeafFailsThereWithMinus38) {

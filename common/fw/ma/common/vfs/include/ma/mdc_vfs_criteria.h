@@ -8,6 +8,10 @@
 /// The criteria are plain value lists. The caller fills them, the factory of
 /// a concrete entry reads them back in insertion order and gives the texts
 /// their meaning; nothing here parses or checks a text. Copies are deep.
+/// The fixed tree (ma/mdc_vfs_fixed.h) ignores all three.
+///
+/// Exceptions: building and adding copy strings, so they let std::bad_alloc
+/// through; the readers throw nothing.
 ///
 /// Thread-safety: none. A criteria object is a value owned by one thread at a
 /// time; const access from several threads is safe.
@@ -28,15 +32,22 @@ class MA_COMMON_EXPORT VfsSearchCriteria {
   /// By convention a property, a relation and a value; the factory decides.
   class MA_COMMON_EXPORT SingleCriterium {
    public:
-    /// Keeps the three texts as given.
+    /// Keeps copies of the three texts as given (empty texts too).
+    /// @param property the first text, by convention a property
+    /// @param relation the second text, by convention a relation
+    /// @param value the third text, by convention a value
+    /// @throws std::bad_alloc if a copy cannot be made
     SingleCriterium(std::string const& property, std::string const& relation,
                     std::string const& value);
 
-    /// The first text, by convention a property.
+    /// The property: what the condition looks at.
+    /// @return the first text given to the constructor, unchanged
     std::string const& getProperty() const { return m_property; }
-    /// The second text, by convention a relation.
+    /// The relation: how the property is compared with the value.
+    /// @return the second text given to the constructor, unchanged
     std::string const& getRelation() const { return m_relation; }
-    /// The third text, by convention a value.
+    /// The value the property is compared with.
+    /// @return the third text given to the constructor, unchanged
     std::string const& getValue() const { return m_value; }
 
    private:
@@ -46,9 +57,12 @@ class MA_COMMON_EXPORT VfsSearchCriteria {
   };
 
   /// Appends a copy of `criterium` at the end; duplicates are kept.
+  /// @param criterium the condition to add
+  /// @throws std::bad_alloc when the list cannot grow; it is then unchanged
   void add(SingleCriterium const& criterium);
 
-  /// Every criterium added, in insertion order.
+  /// The conditions, for the iterator factory to read.
+  /// @return every criterium added, in insertion order (empty at first)
   std::vector<SingleCriterium> const& getCriteria() const { return m_criteria; }
 
  private:
@@ -66,9 +80,12 @@ class MA_COMMON_EXPORT VfsOrderCriteria {
   };
 
   /// Appends a copy of `criterium` at the end; duplicates are kept.
+  /// @param criterium the sort key to add
+  /// @throws std::bad_alloc when the list cannot grow; it is then unchanged
   void add(SingleCriterium const& criterium) { m_criteria.push_back(criterium); }
 
-  /// Every criterium added, in insertion order.
+  /// The sort keys, for the iterator factory to read.
+  /// @return every criterium added, in insertion order (empty at first)
   std::vector<SingleCriterium> const& getCriteria() const { return m_criteria; }
 
  private:
@@ -81,10 +98,13 @@ class MA_COMMON_EXPORT VfsFilterCriteria {
   /// One filter text, kept exactly as given.
   class MA_COMMON_EXPORT SingleCriterium {
    public:
-    /// Keeps `filter` as given. Converts implicitly.
+    /// Keeps a copy of `filter` as given. Converts implicitly.
+    /// @param filter the filter text (the empty one too)
+    /// @throws std::bad_alloc if the copy cannot be made
     SingleCriterium(std::string const& filter);
 
-    /// The filter text.
+    /// The filter text: which children to leave out.
+    /// @return the text given to the constructor, unchanged
     std::string const& getFilter() const { return m_filter; }
 
    private:
@@ -92,9 +112,12 @@ class MA_COMMON_EXPORT VfsFilterCriteria {
   };
 
   /// Appends a copy of `criterium` at the end; duplicates are kept.
+  /// @param criterium the filter to add
+  /// @throws std::bad_alloc when the list cannot grow; it is then unchanged
   void add(SingleCriterium const& criterium);
 
-  /// Every criterium added, in insertion order.
+  /// The filters, for the iterator factory to read.
+  /// @return every criterium added, in insertion order (empty at first)
   std::vector<SingleCriterium> const& getCriteria() const { return m_criteria; }
 
  private:

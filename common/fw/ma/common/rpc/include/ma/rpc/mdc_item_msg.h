@@ -24,7 +24,11 @@
 /// builds, reads and frees the in-memory form.
 ///
 /// Ownership: a message owns its payload and every string buffer under it.
-/// releaseMaItemMsgContent() frees them; the wrapper's destructor calls it.
+/// The wrapper's destructor frees them (releaseMaItemMsgContent()). To free
+/// them earlier, new code calls releaseMaItemMsgContentAndReset(), which
+/// leaves the message empty, so that the destructor afterwards frees nothing;
+/// releaseMaItemMsgContent() is kept for the clients already built against
+/// it and leaves stale pointers behind.
 ///
 /// Thread-safety: a message is plain data without locking. The conversions
 /// keep no state and may run concurrently on different messages; the
@@ -177,8 +181,10 @@ enum ItemMsgKind : uint32_t {
 ///
 /// Construction or assignment from an item overwrites all of the top level
 /// and builds new content; neither frees content the message held before
-/// (call ma::rpc::releaseMaItemMsgContent() first). The destructor frees the
-/// content, so a message released by hand must not be destroyed normally.
+/// (call ma::rpc::releaseMaItemMsgContentAndReset() first). The destructor
+/// frees the content, so a message released by hand with
+/// ma::rpc::releaseMaItemMsgContent() must be filled again or reset before
+/// it is destroyed.
 ///
 /// Copying is disabled: a byte copy would share the payload and both
 /// destructors would free it, and a deep copy cannot tell filled content
@@ -188,22 +194,38 @@ struct MA_COMMON_EXPORT __attribute__((packed)) _itemMsgMaItem_struct {
   _itemMsgMaItem_struct();
   /// The message of `*item` (ma::rpc::convertMaItem), or all zero when
   /// `item` is empty.
+  /// Throws nothing: a failed malloc() leaves that payload or string null.
+  /// @param item the record to carry, or an empty pointer
   _itemMsgMaItem_struct(boost::shared_ptr<ma::ItemInfo> item);
-  /// The message of `item` (ma::rpc::convertMaItem).
+  /// The message of `item` (ma::rpc::convertMaItem). Throws nothing.
+  /// @param item the record to carry
   _itemMsgMaItem_struct(ma::ItemInfo const& item);
+  /// Not copyable: both copies would free one payload.
   _itemMsgMaItem_struct(_itemMsgMaItem_struct const&) = delete;
+  /// Not assignable from another message, for the same reason.
   _itemMsgMaItem_struct& operator=(_itemMsgMaItem_struct const&) = delete;
   /// Frees the content (ma::rpc::releaseMaItemMsgContent). Never throws.
+  /// After ma::rpc::releaseMaItemMsgContentAndReset() there is nothing left
+  /// to free; after ma::rpc::releaseMaItemMsgContent() alone it frees the
+  /// same blocks a second time.
   ~_itemMsgMaItem_struct();
 
   /// Converts `*item` into this message; an empty `item` leaves the message
-  /// exactly as it was (unlike the constructor, which zeroes it).
+  /// exactly as it was (unlike the constructor, which zeroes it). Content
+  /// the message held before is not freed. Throws nothing.
+  /// @param item the record to carry, or an empty pointer
+  /// @return this message
   _itemMsgMaItem_struct& operator=(boost::shared_ptr<ma::ItemInfo> item);
-  /// Converts `item` into this message.
+  /// Converts `item` into this message. Content the message held before is
+  /// not freed. Throws nothing.
+  /// @param item the record to carry
+  /// @return this message
   _itemMsgMaItem_struct& operator=(ma::ItemInfo const& item);
 
   /// A new item rebuilt from this message (ma::rpc::convertMaItem), or an
   /// empty pointer when the message carries none. The message is unchanged.
+  /// @return the new record, owned by the caller, or an empty pointer
+  /// @throws std::bad_alloc when memory for the record runs out
   operator boost::shared_ptr<ma::ItemInfo>() const;
 
   uint32_t kind;  ///< an ma::rpc::ItemMsgKind; only the low byte is ever non-zero
@@ -231,19 +253,36 @@ namespace rpc {
 /// payload and string buffers from malloc(). An item of no single known kind
 /// (type 0, several bits, unknown bits) or whose class does not match its
 /// type leaves `msg` all zero. Content `msg` held before is not freed.
+/// Throws nothing: a failed malloc() leaves that payload or string null.
+/// @param msg the message to overwrite
+/// @param item the record to carry
 MA_COMMON_EXPORT void convertMaItem(_itemMsgMaItem_struct& msg, ma::ItemInfo const& item);
 
 /// A new item of the kind that `msg` names, with every carried field set
-/// through the item's setters; an empty pointer for kind 5, kinds above 9 and
-/// a null payload pointer in the named slot. Only that slot's pointer is
-/// read: its presence word and the other slots are ignored. `msg` is not
-/// changed. Exceptions of the item's allocations propagate.
+/// through the item's setters. Only the named slot's pointer is read: its
+/// presence word and the other slots are ignored. `msg` is not changed.
+/// @param msg the message to read
+/// @return the new record, owned by the caller; an empty pointer for kind 5,
+///   kinds above 9 and a null payload pointer in the named slot
+/// @throws std::bad_alloc when memory for the record runs out
 MA_COMMON_EXPORT boost::shared_ptr<ma::ItemInfo> convertMaItem(_itemMsgMaItem_struct const& msg);
 
+/// Kept for the clients already built against it; new code calls
+/// releaseMaItemMsgContentAndReset().
+///
 /// Frees the payload named by `msg.kind` and every string buffer in it. Does
 /// nothing for kind 5, kinds above 9 and a null payload pointer. Nothing in
-/// `msg` is reset: releasing the same message twice frees twice.
+/// `msg` is reset: releasing the same message twice frees twice, and so
+/// does destroying the wrapper afterwards unless it is filled again.
+/// @param msg the message whose content is freed; its bytes are unchanged
 MA_COMMON_EXPORT void releaseMaItemMsgContent(_itemMsgMaItem_struct& msg);
+
+/// Frees the content exactly as releaseMaItemMsgContent() does, then sets
+/// the whole message to zero (76 bytes on the 32-bit target): the message is
+/// empty again, as if default-constructed. Releasing it again and its
+/// destructor then free nothing.
+/// @param msg the message whose content is freed and which is then cleared
+MA_COMMON_EXPORT void releaseMaItemMsgContentAndReset(_itemMsgMaItem_struct& msg);
 
 }  // namespace rpc
 }  // namespace ma

@@ -10,8 +10,9 @@
 /// reads no configuration: the program that links it decides what is written.
 ///
 /// A host client gets this header from the package libzel-standin-dev and
-/// links the stand-in by name: `-lzel-standin`, or the CMake target
-/// `ma-common::zel-standin` of `find_package(ma-common)`.
+/// links the stand-in by name: with `-lzel-standin`, or through CMake's
+/// `find_package(ma-common)` and its imported target for the stand-in,
+/// `zel-standin` in the namespace `ma-common`.
 ///
 /// Trace gate: every module has a threshold; a line passes when its level is
 /// at most the threshold. The default threshold is 3000, so failure lines

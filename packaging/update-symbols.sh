@@ -18,17 +18,13 @@ upstream=${version%-*}
 # where they are used, and an optimised build may inline them away. They
 # are marked optional, so that only the library's own symbols must stay.
 mark_optional() {
-  local file=$1 line name
+  local file=$1 line
+  # Mangled names in namespace std (St) or boost (5boost): functions,
+  # members, and their typeinfo, typeinfo names, vtables and thunks.
+  local foreign='^ _Z(T[ISV]|Th[n0-9_]+|Tv[n0-9_]+)?N?K?(St|5boost)'
   while IFS= read -r line; do
-    if [[ $line =~ ^\ (_Z[^@]*)@ ]]; then
-      name=$(c++filt "${BASH_REMATCH[1]}")
-      if [[ $name == std::* || $name == boost::* || $name == "typeinfo for boost::"* ||
-            $name == "vtable for boost::"* || $name == "typeinfo name for boost::"* ||
-            $name == "VTT for boost::"* || $name == "non-virtual thunk to boost::"* ||
-            $name == "virtual thunk to boost::"* || $name == "typeinfo for std::"* ||
-            $name == "typeinfo name for std::"* || $name == "vtable for std::"* ]]; then
-        line=" (optional)${line# }"
-      fi
+    if [[ $line =~ $foreign ]]; then
+      line=" (optional)${line# }"
     fi
     printf '%s\n' "$line"
   done <"$file" >"$file.new"

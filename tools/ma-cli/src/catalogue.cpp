@@ -47,21 +47,27 @@ EntryList childrenOf(ma::VfsEntry& entry) {
   return drain(entry.getIterator());
 }
 
-EntryList sortedChildrenOf(ma::VfsFixedFolder& folder, std::string const& criteria) {
-  return drain(folder.getSortedIterator(criteria));
+EntryList sortedChildrenOf(ma::VfsEntry& entry, std::string const& criteria) {
+  if (ma::VfsFixedFolder* folder = dynamic_cast<ma::VfsFixedFolder*>(&entry)) {
+    return drain(folder->getSortedIterator(criteria));
+  }
+  return drain(sortedDirectoryIterator(entry, criteria));
 }
 
 bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry) {
-  return boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry) != nullptr;
+  return boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry) != nullptr || isDirectoryFolder(*entry);
 }
 
 std::string positionalPathOf(boost::shared_ptr<ma::VfsEntry> const& root,
                              boost::shared_ptr<ma::VfsEntry> const& target) {
+  if (Positioned const* positioned = dynamic_cast<Positioned const*>(target.get())) {
+    return positioned->positionalPath();
+  }
   std::string path;
   return findPath(root, target, path) ? path : "?";
 }
 
-Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path) {
+Resolution resolve(boost::shared_ptr<ma::VfsEntry> const& root, std::string const& path) {
   Resolution resolution;
   TraceRecording recording;
   resolution.result =
@@ -71,15 +77,15 @@ Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::strin
   return resolution;
 }
 
-Resolution resolveOrThrow(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+Resolution resolveOrThrow(boost::shared_ptr<ma::VfsEntry> const& root,
                           std::string const& path) {
   Resolution resolution = resolve(root, path);
   if (resolution.entry) return resolution;
-  std::string message = "path \"" + escaped(path) + "\" does not resolve (result " +
+  std::string message = "path " + quoted(path) + " does not resolve (result " +
                         std::to_string(resolution.result) + ")";
   // The library's failure lines say which step failed and why.
   for (std::string const& line : resolution.trace) {
-    if (line.find("failed with currPath") == std::string::npos) message += ": " + line;
+    if (line.find("failed with currPath") == std::string::npos) message += ": " + clipped(line, 300);
   }
   throw InputError(message);
 }

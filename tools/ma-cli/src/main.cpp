@@ -37,10 +37,12 @@ namespace {
 constexpr char kDirectoryHelp[] =
     "A directory to read instead of the built-in sample (kinds from file extensions)";
 constexpr char kPathHelp[] =
-    "Positional path such as $2$0$1 (\"\" is the root). On a directory a path may end in an\n"
-    "identifier query, $2$UUID-<device>-<inode>, naming a child of the folder reached; on\n"
-    "the built-in sample (a fixed tree) an identifier query finds nothing, as a fixed folder\n"
-    "offers findUuid no iterator";
+    "Positional path such as $2$0$1 (\"\" is the root). On a\n"
+    "directory a path may end in an identifier query for a child\n"
+    "of the folder reached: UUID-<device>-<inode> (of the root),\n"
+    "$2$UUID-<device>-<inode> (of $2). The built-in sample is a\n"
+    "fixed tree, where identifier queries find nothing: a fixed\n"
+    "folder offers findUuid no iterator";
 
 // "--depth": a whole number from 0 that fits an int.
 CLI::Validator wholeNumber() {

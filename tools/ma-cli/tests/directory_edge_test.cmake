@@ -8,7 +8,9 @@ include("${CMAKE_CURRENT_LIST_DIR}/MaCliTestSupport.cmake")
 
 # A chain of 3,000 directories "d", a file at the bottom: deeper than
 # PATH_MAX allows as one path, and deeper than a recursive walk would go
-# in 1 MiB of stack. Everything is listed; the bottom resolves.
+# in 1 MiB of stack. Everything is listed; the bottom resolves. Beside the
+# chain's first level sits "e", listed after the chain: its parent's
+# descriptor was closed long before, and is opened again.
 set(levels 3000)
 # (Built with descriptors: a shell's cd gives up long before the bottom.)
 ma_cli_shell("rm -rf chain && mkdir chain && python3 -c \"
@@ -20,13 +22,15 @@ for _ in range(${levels}):
     os.close(fd)
     fd = below
 os.close(os.open('bottom.txt', os.O_CREAT | os.O_WRONLY, dir_fd=fd))
+os.makedirs('chain/d/e')
+open('chain/d/e/f.txt', 'w').close()
 \"")
 string(JOIN " " command ${MA_CLI_EMULATOR} "'${MA_CLI}'" tree chain)
 execute_process(COMMAND sh -c "ulimit -s 1024 && exec ${command}" WORKING_DIRECTORY "${WORK_DIR}"
   OUTPUT_VARIABLE chain_out ERROR_VARIABLE chain_err RESULT_VARIABLE chain_rc)
 string(REGEX MATCHALL "\n" chain_lines "${chain_out}")
 list(LENGTH chain_lines chain_count)
-math(EXPR expected_lines "${levels} + 2")
+math(EXPR expected_lines "${levels} + 4")
 if(NOT chain_rc STREQUAL "0" OR NOT chain_err STREQUAL "" OR NOT chain_count EQUAL expected_lines)
   ma_cli_fail("3,000-level chain: exit ${chain_rc}, ${chain_count} lines instead of ${expected_lines}: ${chain_err}")
 endif()
@@ -35,6 +39,7 @@ string(FIND "${chain_out}" "${chain_path}$0 document" at)
 if(at LESS 0)
   ma_cli_fail("3,000-level chain: no line for the bottom file ${chain_path}$0")
 endif()
+ma_cli_expect_match("3,000-level chain" "${chain_out}" "\n\\$0\\$1 +folder +e\n\\$0\\$1\\$0 +document +f\\.txt\n$")
 ma_cli_run(bottom ARGS resolve "${chain_path}$0" chain --json)
 ma_cli_expect_json("resolve the chain's bottom" "${bottom_OUT}" "bottom.txt" entry caption)
 
@@ -117,5 +122,16 @@ foreach(name gone zz-last)
   endif()
   ma_cli_shell("mkdir -p vanishing/gone && : > vanishing/zz-last")
 endforeach()
+
+# --one-file-system: a directory on another device (here /proc, when it is
+# one) is listed but not read.
+ma_cli_run(whole ARGS tree / --depth 2)
+if(whole_OUT MATCHES "\n(\\$[0-9]+) +folder +proc\n")
+  string(REPLACE "$" "\\$" proc_path "${CMAKE_MATCH_1}")
+  ma_cli_run(one ARGS tree / --depth 2 --one-file-system)
+  ma_cli_expect_match("tree / without --one-file-system" "${whole_OUT}" "\n${proc_path}\\$0 ")
+  ma_cli_expect_match("tree / --one-file-system" "${one_OUT}" "\n${proc_path} +folder +proc\n")
+  ma_cli_expect_no_match("tree / --one-file-system" "${one_OUT}" "\n${proc_path}\\$0 ")
+endif()
 
 ma_cli_finish()

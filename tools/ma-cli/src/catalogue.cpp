@@ -11,10 +11,7 @@
 
 namespace ma_cli {
 
-namespace {
-
-// Every child an iterator delivers, from its first to the end.
-EntryList drain(boost::shared_ptr<ma::VfsIterator> const& iterator) {
+EntryList childrenThrough(boost::shared_ptr<ma::VfsIterator> const& iterator) {
   EntryList children;
   if (!iterator) return children;
   iterator->rewind();
@@ -26,6 +23,8 @@ EntryList drain(boost::shared_ptr<ma::VfsIterator> const& iterator) {
   }
   return children;
 }
+
+namespace {
 
 bool findPath(boost::shared_ptr<ma::VfsEntry> const& entry,
               boost::shared_ptr<ma::VfsEntry> const& target, std::string& path) {
@@ -44,14 +43,14 @@ bool findPath(boost::shared_ptr<ma::VfsEntry> const& entry,
 
 EntryList childrenOf(ma::VfsEntry& entry) {
   if (!entry.hasIterator()) return EntryList();
-  return drain(entry.getIterator());
+  return childrenThrough(entry.getIterator());
 }
 
 EntryList sortedChildrenOf(ma::VfsEntry& entry, std::string const& criteria) {
   if (ma::VfsFixedFolder* folder = dynamic_cast<ma::VfsFixedFolder*>(&entry)) {
-    return drain(folder->getSortedIterator(criteria));
+    return childrenThrough(folder->getSortedIterator(criteria));
   }
-  return drain(sortedDirectoryIterator(entry, criteria));
+  return childrenThrough(sortedDirectoryIterator(entry, criteria));
 }
 
 bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry) {

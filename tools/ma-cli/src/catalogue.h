@@ -31,6 +31,10 @@ struct Catalogue {
 
 typedef std::vector<boost::shared_ptr<ma::VfsEntry> > EntryList;
 
+// Every child `iterator` delivers, from its first (after a rewind) to the
+// end, through the synchronous twins; empty for an empty pointer.
+EntryList childrenThrough(boost::shared_ptr<ma::VfsIterator> const& iterator);
+
 // The children of `entry` in list order, through its plain iterator and the
 // synchronous twins; empty for a leaf.
 EntryList childrenOf(ma::VfsEntry& entry);

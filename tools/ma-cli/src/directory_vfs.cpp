@@ -317,7 +317,9 @@ class DirectoryFolder : public ma::VfsEntry, public Positioned {
 
 // Iterates over a folder's directory: the first step that needs the
 // children reads them on the storage worker and answers from there; the
-// steps after it answer at once, on the caller's thread.
+// steps after it answer at once, on the caller's thread. A caller may ask
+// early (getNTotal with a callback that ignores the count) to have the
+// directory read while it does other work.
 class DirectoryIterator : public ma::VfsIterator {
  public:
   explicit DirectoryIterator(boost::shared_ptr<DirectoryFolder> const& folder)
@@ -364,24 +366,30 @@ class DirectoryIterator : public ma::VfsIterator {
   }
 
  private:
-  // Shared with the worker's job, which may outlive the iterator.
+  // Shared with the worker's jobs, which may outlive the iterator.
   struct State {
     boost::shared_ptr<DirectoryFolder> folder;
-    bool listed = false;
+    std::atomic<bool> listed{false};  // set (release) by the worker once `children` is read
     Children children;
     std::size_t position = 0;
   };
 
+  // Runs `step` over the children: at once when they are read, else on the
+  // worker after reading them. The worker runs jobs in order, so a step
+  // asked for while an earlier request still reads the directory runs after
+  // it and finds the children read.
   template <typename Step>
   void withChildren(Step step) {
-    if (state_->listed) {
+    if (state_->listed.load(std::memory_order_acquire)) {
       step(*state_);
       return;
     }
     std::shared_ptr<State> state = state_;
     postToStorageWorker([state, step] {
-      state->children = listDirectory(*state->folder);
-      state->listed = true;
+      if (!state->listed.load(std::memory_order_relaxed)) {
+        state->children = listDirectory(*state->folder);
+        state->listed.store(true, std::memory_order_release);
+      }
       step(*state);
     });
   }

@@ -60,6 +60,41 @@ std::string jsonText(Json const& document, int indent) {
   return safe;
 }
 
+void appendJsonString(std::string& out, std::string const& text) {
+  unsigned char const* const bytes = reinterpret_cast<unsigned char const*>(text.data());
+  std::size_t const size = text.size();
+  char escape[16];
+  out += '"';
+  for (std::size_t at = 0; at < size;) {
+    unsigned char const byte = bytes[at];
+    if (byte >= 0x20 && byte < 0x7f) {
+      if (byte == '"' || byte == '\\') out += '\\';
+      out += static_cast<char>(byte);
+      ++at;
+      continue;
+    }
+    unsigned long code = byte;
+    std::size_t length = 1;
+    if (byte >= 0x80) {
+      length = utf8Sequence(bytes + at, size - at, &code);
+      if (length == 0) {  // not UTF-8: the replacement character, as the JSON writer does
+        out += "\xef\xbf\xbd";
+        ++at;
+        continue;
+      }
+      if (!isUnsafeCodePoint(code)) {
+        out.append(text, at, length);
+        at += length;
+        continue;
+      }
+    }
+    std::snprintf(escape, sizeof escape, "\\u%04lx", code);  // C0, DEL, C1, bidi
+    out += escape;
+    at += length;
+  }
+  out += '"';
+}
+
 void printJson(TextWriter& out, Json const& document) { out << jsonText(document, 2) << '\n'; }
 
 }  // namespace ma_cli

@@ -22,6 +22,10 @@ typedef nlohmann::ordered_json Json;
 // the terminal that shows it.
 std::string jsonText(Json const& document, int indent);
 
+// Appends `text` to `out` as a JSON string, with the same replacements and
+// escapes as jsonText() (for documents written piece by piece).
+void appendJsonString(std::string& out, std::string const& text);
+
 // Writes jsonText(document, 2) with a final line feed.
 void printJson(TextWriter& out, Json const& document);
 

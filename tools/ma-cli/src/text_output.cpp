@@ -68,8 +68,6 @@ void TextWriter::flush() {
   buffer_.clear();
 }
 
-namespace {
-
 // Whether code point `code` must not reach a terminal as it is.
 bool isUnsafeCodePoint(unsigned long code) {
   return (code >= 0x80 && code <= 0x9f) || code == 0x061c || code == 0x200e || code == 0x200f ||
@@ -102,8 +100,6 @@ std::size_t utf8Sequence(unsigned char const* at, std::size_t left, unsigned lon
   *code = value;
   return length;
 }
-
-}  // namespace
 
 std::string escaped(std::string const& text) {
   std::string result;

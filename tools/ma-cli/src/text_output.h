@@ -61,6 +61,15 @@ class TextWriter {
 // doubled. Every other UTF-8 character is kept.
 std::string escaped(std::string const& text);
 
+// Whether code point `code` must not reach a terminal as it is: C1
+// controls, bidirectional controls, line and paragraph separators.
+bool isUnsafeCodePoint(unsigned long code);
+
+// The length of the well-formed UTF-8 sequence at `at` (with `left` bytes
+// from there) and its code point in `*code`, or 0 when the bytes are not
+// one (a lone, overlong, surrogate or out-of-range sequence).
+std::size_t utf8Sequence(unsigned char const* at, std::size_t left, unsigned long* code);
+
 // `text` in double quotes, for an error message that echoes an input: cut
 // to 200 bytes (never inside a UTF-8 sequence) and then followed by
 // "... (N bytes)" when longer. Not escaped: the error line is escaped as a

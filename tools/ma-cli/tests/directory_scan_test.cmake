@@ -129,6 +129,19 @@ ma_cli_run(escape ARGS tree "${WORK_DIR}/escape")
 ma_cli_expect_match("links out of the root" "${escape_OUT}"
   "^\\(root\\) +folder +escape\n\\$0 +unknown +p -> /proc/self\n\\$1 +unknown +root -> /\n$")
 
+# One path costs the folders along it, not the tree: resolving a file in
+# "a" never reads "b", whose unreadable sub-folder only a walk finds.
+ma_cli_shell("chmod -R u+rwX lazy 2>/dev/null; rm -rf lazy && mkdir -p lazy/a lazy/b/c &&
+  : > lazy/a/f.mp3 && chmod 000 lazy/b/c")
+ma_cli_run(lazy_resolve PREFIX_COMMAND ${as_user} ARGS resolve "$0$0" "${WORK_DIR}/lazy")
+if(NOT lazy_resolve_RC STREQUAL "0" OR NOT lazy_resolve_ERR STREQUAL "")
+  ma_cli_fail("resolve in a lazy tree: exit ${lazy_resolve_RC}, stderr [${lazy_resolve_ERR}]")
+endif()
+ma_cli_run(lazy_walk PREFIX_COMMAND ${as_user} ARGS tree "${WORK_DIR}/lazy")
+ma_cli_expect_match("tree of the lazy tree (exit ${lazy_walk_RC})" "${lazy_walk_ERR}"
+  "^ma-cli: skipped [^\n]*/lazy/b/c: not readable\n$")
+ma_cli_shell("chmod -R u+rwX lazy")
+
 # Identifier queries work on a directory: a child by UUID-<device>-<inode>.
 ma_cli_run(by_uuid PREFIX_COMMAND ${as_user} ARGS dump "$1" "${tree}" --json)
 string(JSON music_uuid ERROR_VARIABLE error GET "${by_uuid_OUT}" uuid)

@@ -290,8 +290,7 @@ class DirectoryFolder : public ma::VfsEntry, public Positioned {
   int resolvePathPart(boost::shared_ptr<ma::VfsEntry>& child, std::string& rest, std::string& resolvedPath,
                       std::string path, std::string query) override {
     if (path.empty() || path.compare(0, 4, "UUID") == 0) {
-      int const result = ma::VfsEntry::resolvePathPart(child, rest, resolvedPath, path, query);
-      if (result >= 0) return result;
+      return ma::VfsEntry::resolvePathPart(child, rest, resolvedPath, path, query);
     }
     return fixedView()->resolvePathPart(child, rest, resolvedPath, path, query);
   }

@@ -16,8 +16,8 @@ std::string createSelection(ma::SelectionStrings const& parts) {
   TraceRecording recording;
   int const result = mdcSelectionCreate(uri, parts);
   if (result != 0) {
-    throw InputError("source type \"" + escaped(parts.sourceType) +
-                     "\" must be exactly 4 characters (result " + std::to_string(result) + ")");
+    throw InputError("source type " + quoted(parts.sourceType) +
+                     " must be exactly 4 characters (result " + std::to_string(result) + ")");
   }
   return uri;
 }
@@ -95,7 +95,7 @@ void runUriCreate(Output& output, std::string const& type, std::string const& vo
   for (std::string const& parameter : parameters) {
     std::size_t const equals = parameter.find('=');
     if (equals == std::string::npos || equals == 0) {
-      throw InputError("parameter \"" + escaped(parameter) + "\" is not KEY=VALUE");
+      throw InputError("parameter " + quoted(parameter) + " is not KEY=VALUE");
     }
     parts.parameters[parameter.substr(0, equals)] = parameter.substr(equals + 1);
   }
@@ -112,9 +112,9 @@ void runUriCreate(Output& output, std::string const& type, std::string const& vo
 void runUriParse(Output& output, std::string const& uri) {
   SelectionParse const parse = parseSelection(uri);
   if (!parse.lengthError && parse.result < 0) {
-    std::string message = "\"" + escaped(uri) + "\" is not a selection URI (result " +
+    std::string message = quoted(uri) + " is not a selection URI (result " +
                           std::to_string(parse.result) + ")";
-    for (std::string const& line : parse.trace) message += ": " + line;
+    for (std::string const& line : parse.trace) message += ": " + clipped(line, 300);
     throw InputError(message);
   }
   if (output.json) {

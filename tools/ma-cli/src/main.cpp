@@ -150,7 +150,7 @@ struct CommandLine {
     uriCreate->add_option("--volume", volume, "Volume");
     uriCreate->add_option("--path", uriPath, "Path within the volume, without leading /");
     uriCreate->add_option("--param", parameters, "A parameter KEY=VALUE (repeatable)");
-    uriParse = uri->add_subcommand("parse", "Parse a URI with mdcSelectionParse");
+    uriParse = uri->add_subcommand("parse", "Parse a URI with mdcSelectionSplit, after the legacy mdcSelectionParse");
     uriParse->add_option("URI", uriText, "The URI")->required();
 
     dsys = app.add_subcommand("dsys", "Classify a delivery-system bit set");

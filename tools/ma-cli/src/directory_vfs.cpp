@@ -62,7 +62,8 @@ struct DirectoryNode {
   ~DirectoryNode();
 
   std::shared_ptr<Scan> const scan;
-  std::shared_ptr<DirectoryNode> const parent;  // null for the root
+  std::shared_ptr<DirectoryNode> parent;  // null for the root; taken out only by ~DirectoryNode
+  bool const isRoot;
   std::string const name;                       // the root: its canonical absolute path
   dev_t const device;
   ino_t const inode;
@@ -128,7 +129,7 @@ class DescriptorCache {
     }
     int const fresh = ::openat(node.fd, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fresh < 0) *error = std::strerror(errno);
-    if (node.parent && node.cached != recent_.begin()) {  // the node is the most recent now
+    if (!node.isRoot && node.cached != recent_.begin()) {  // the node is the most recent now
       recent_.splice(recent_.begin(), recent_, node.cached);
     }
     while (recent_.size() > kOpenDirectories) {
@@ -151,7 +152,7 @@ class DescriptorCache {
     std::lock_guard<std::mutex> lock(mutex_);
     if (node.fd < 0) return;
     ::close(node.fd);
-    if (node.parent) recent_.erase(node.cached);
+    if (!node.isRoot) recent_.erase(node.cached);
     node.fd = -1;
   }
 
@@ -204,12 +205,27 @@ DirectoryNode::DirectoryNode(std::shared_ptr<Scan> owner, std::shared_ptr<Direct
                              std::string nameInParent, struct stat const& status, bool onOtherDevice)
     : scan(std::move(owner)),
       parent(std::move(above)),
+      isRoot(parent == nullptr),
       name(std::move(nameInParent)),
       device(status.st_dev),
       inode(status.st_ino),
       sealed(onOtherDevice) {}
 
-DirectoryNode::~DirectoryNode() { scan->cache.forget(*this); }
+// Letting go of a node lets go of its parent: a chain thousands of levels
+// deep would be destroyed recursively, a few frames per level, and overflow a
+// small stack (on whichever thread drops the last reference). The chain above
+// is released here level by level instead: each step takes the parent out of
+// a node this destructor holds the only reference to, so that node's own
+// destructor has nothing left to release. Nobody can take a new reference to
+// a node whose count is 1 (there are no weak references to nodes).
+DirectoryNode::~DirectoryNode() {
+  scan->cache.forget(*this);
+  std::shared_ptr<DirectoryNode> above = std::move(parent);
+  while (above && above.use_count() == 1) {
+    std::shared_ptr<DirectoryNode> next = std::move(above->parent);
+    above = std::move(next);  // the old `above` goes here, its parent already taken
+  }
+}
 
 std::string uuidOf(struct stat const& status) {
   char text[64];

@@ -11,10 +11,7 @@
 
 namespace ma_cli {
 
-namespace {
-
-// Every child an iterator delivers, from its first to the end.
-EntryList drain(boost::shared_ptr<ma::VfsIterator> const& iterator) {
+EntryList childrenThrough(boost::shared_ptr<ma::VfsIterator> const& iterator) {
   EntryList children;
   if (!iterator) return children;
   iterator->rewind();
@@ -26,6 +23,8 @@ EntryList drain(boost::shared_ptr<ma::VfsIterator> const& iterator) {
   }
   return children;
 }
+
+namespace {
 
 bool findPath(boost::shared_ptr<ma::VfsEntry> const& entry,
               boost::shared_ptr<ma::VfsEntry> const& target, std::string& path) {
@@ -44,24 +43,30 @@ bool findPath(boost::shared_ptr<ma::VfsEntry> const& entry,
 
 EntryList childrenOf(ma::VfsEntry& entry) {
   if (!entry.hasIterator()) return EntryList();
-  return drain(entry.getIterator());
+  return childrenThrough(entry.getIterator());
 }
 
-EntryList sortedChildrenOf(ma::VfsFixedFolder& folder, std::string const& criteria) {
-  return drain(folder.getSortedIterator(criteria));
+EntryList sortedChildrenOf(ma::VfsEntry& entry, std::string const& criteria) {
+  if (ma::VfsFixedFolder* folder = dynamic_cast<ma::VfsFixedFolder*>(&entry)) {
+    return childrenThrough(folder->getSortedIterator(criteria));
+  }
+  return childrenThrough(sortedDirectoryIterator(entry, criteria));
 }
 
 bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry) {
-  return boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry) != nullptr;
+  return boost::dynamic_pointer_cast<ma::VfsFixedFolder>(entry) != nullptr || isDirectoryFolder(*entry);
 }
 
 std::string positionalPathOf(boost::shared_ptr<ma::VfsEntry> const& root,
                              boost::shared_ptr<ma::VfsEntry> const& target) {
+  if (Positioned const* positioned = dynamic_cast<Positioned const*>(target.get())) {
+    return positioned->positionalPath();
+  }
   std::string path;
   return findPath(root, target, path) ? path : "?";
 }
 
-Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path) {
+Resolution resolve(boost::shared_ptr<ma::VfsEntry> const& root, std::string const& path) {
   Resolution resolution;
   TraceRecording recording;
   resolution.result =
@@ -71,15 +76,15 @@ Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::strin
   return resolution;
 }
 
-Resolution resolveOrThrow(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+Resolution resolveOrThrow(boost::shared_ptr<ma::VfsEntry> const& root,
                           std::string const& path) {
   Resolution resolution = resolve(root, path);
   if (resolution.entry) return resolution;
-  std::string message = "path \"" + escaped(path) + "\" does not resolve (result " +
+  std::string message = "path " + quoted(path) + " does not resolve (result " +
                         std::to_string(resolution.result) + ")";
   // The library's failure lines say which step failed and why.
   for (std::string const& line : resolution.trace) {
-    if (line.find("failed with currPath") == std::string::npos) message += ": " + line;
+    if (line.find("failed with currPath") == std::string::npos) message += ": " + clipped(line, 300);
   }
   throw InputError(message);
 }

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // Copyright 2026 The libma-common Authors
 //
-// A catalogue: the fixed tree the tool works on (the built-in sample or a
-// scanned directory), and the walks every command makes over it.
+// A catalogue: the tree the tool works on (the built-in sample, a fixed
+// tree, or a directory read on demand), and the walks every command makes
+// over it.
 //
 // Entries are named by their positional path, "$" and the child's index in
 // its folder's list per level ("$2$0$1"); the root's path is "". A sorted
 // view never changes these names: the index is always the list position,
 // which is what path resolution reads.
 //
-// Thread-safety: none; a catalogue belongs to the tool's one thread.
+// Thread-safety: a catalogue belongs to the tool's main thread (a directory
+// tree answers some of its calls from the storage worker).
 #ifndef MA_CLI_CATALOGUE_H_
 #define MA_CLI_CATALOGUE_H_
 
@@ -17,36 +19,38 @@
 #include <string>
 #include <vector>
 
+#include "directory_vfs.h"
 #include "ma/mdc_vfs_fixed.h"
 
 namespace ma_cli {
 
-// An entry the directory scan left out, and why.
-struct SkippedEntry {
-  std::string path;    // file system path
-  std::string reason;  // e.g. "not readable", "symlink loop"
-};
-
 struct Catalogue {
-  boost::shared_ptr<ma::VfsFixedFolder> root;
-  std::vector<SkippedEntry> skipped;  // empty for the sample
+  boost::shared_ptr<ma::VfsEntry> root;
+  boost::shared_ptr<ScanReport> report;  // what a directory scan left out; empty for the sample
 };
 
 typedef std::vector<boost::shared_ptr<ma::VfsEntry> > EntryList;
+
+// Every child `iterator` delivers, from its first (after a rewind) to the
+// end, through the synchronous twins; empty for an empty pointer.
+EntryList childrenThrough(boost::shared_ptr<ma::VfsIterator> const& iterator);
 
 // The children of `entry` in list order, through its plain iterator and the
 // synchronous twins; empty for a leaf.
 EntryList childrenOf(ma::VfsEntry& entry);
 
-// The children of `folder` in the order of getSortedIterator(criteria).
-EntryList sortedChildrenOf(ma::VfsFixedFolder& folder, std::string const& criteria);
+// The children of folder `entry` in the order of getSortedIterator(criteria)
+// (a fixed folder's, or the same over a directory's listing); empty for a
+// leaf.
+EntryList sortedChildrenOf(ma::VfsEntry& entry, std::string const& criteria);
 
-// Whether `entry` is a folder of the fixed tree.
+// Whether `entry` is a folder (of the fixed tree or of a directory).
 bool isFolder(boost::shared_ptr<ma::VfsEntry> const& entry);
 
-// The positional path of the first place where `target` sits below `root`
-// (depth-first, list order), "" for the root itself; "?" if it is not in
-// the tree.
+// The positional path of `target` below `root`: what an entry of a
+// directory tree knows of itself; in the fixed tree the first place where
+// it sits (depth-first, list order). "" for the root itself; "?" if it is
+// not in the tree.
 std::string positionalPathOf(boost::shared_ptr<ma::VfsEntry> const& root,
                              boost::shared_ptr<ma::VfsEntry> const& target);
 
@@ -61,11 +65,11 @@ struct Resolution {
 };
 
 // Resolves `path` below `root`, recording the library's trace lines.
-Resolution resolve(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path);
+Resolution resolve(boost::shared_ptr<ma::VfsEntry> const& root, std::string const& path);
 
 // Like resolve(), but a failure throws InputError naming the path and the
 // library's explanation; the answer always has an entry.
-Resolution resolveOrThrow(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+Resolution resolveOrThrow(boost::shared_ptr<ma::VfsEntry> const& root,
                           std::string const& path);
 
 }  // namespace ma_cli

@@ -25,42 +25,44 @@ struct Output {
   bool json;
 };
 
-// The sample catalogue when `directory` is empty, else the directory's tree
-// (with a progress line while scanning when stderr is a terminal). Skipped
-// entries are reported on stderr, one line each.
-Catalogue loadCatalogue(std::string const& directory, int maxDepth = -1);
+// The sample catalogue when `directory` is empty, else the directory's tree,
+// read on demand (with a progress line while reading when stderr is a
+// terminal). Skipped entries are reported on stderr, one line each, as they
+// are found.
+Catalogue loadCatalogue(std::string const& directory, ScanSettings settings = ScanSettings());
 
 struct TreeOptions {
   std::string directory;  // empty: the sample
+  ScanSettings scan;      // how a directory is walked
   std::string sort;       // empty: list order; else getSortedIterator's criteria
   int maxDepth = -1;      // levels below the root to show; -1: all
 };
 
-// One line per entry: positional path, kind, caption indented by depth.
-void printTreeText(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& root,
-                   TreeOptions const& options);
+// One line per entry: positional path, kind, caption indented by depth (and
+// " -> target" for a link left unfollowed). Written as the walk goes.
+void printTreeText(TextWriter& out, boost::shared_ptr<ma::VfsEntry> const& root, TreeOptions const& options);
 
 // The tree as nested objects (entryJson() plus "children" for folders), in
-// the same order and depth as printTreeText().
-Json treeJson(boost::shared_ptr<ma::VfsFixedFolder> const& root, TreeOptions const& options);
-
-// The lines of a text dump, without their line feeds.
-std::vector<std::string> linesOf(std::string const& text);
+// the same order and depth as printTreeText(), built in memory (for the
+// sample).
+Json treeJson(boost::shared_ptr<ma::VfsEntry> const& root, TreeOptions const& options);
 
 // An entry's record in brief: path, kind, caption, identifier, locator,
 // size and date (the fields set).
 Json entryJson(boost::shared_ptr<ma::VfsEntry> const& entry, std::string const& path);
 
 // `path` resolved below `root`: the outcome and the library's trace lines.
-void printResolutionText(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& root,
+void printResolutionText(TextWriter& out, boost::shared_ptr<ma::VfsEntry> const& root,
                          std::string const& path, Resolution const& resolution);
-Json resolutionJson(boost::shared_ptr<ma::VfsFixedFolder> const& root, std::string const& path,
+Json resolutionJson(boost::shared_ptr<ma::VfsEntry> const& root, std::string const& path,
                     Resolution const& resolution);
 
 void runTree(Output& output, TreeOptions const& options);
 // A path that does not resolve is bad input (InputError).
-void runResolve(Output& output, std::string const& path, std::string const& directory);
-void runDump(Output& output, std::string const& path, std::string const& directory);
+void runResolve(Output& output, std::string const& path, std::string const& directory,
+                ScanSettings const& settings);
+void runDump(Output& output, std::string const& path, std::string const& directory,
+             ScanSettings const& settings);
 
 }  // namespace ma_cli
 

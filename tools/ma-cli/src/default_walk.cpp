@@ -43,7 +43,7 @@ std::string utcDate(long long seconds) {
 
 // The child of kLookupFolder with identifier kLookedUpUuid, through the
 // fixed folder's own lookup.
-boost::shared_ptr<ma::VfsEntry> uuidLookup(boost::shared_ptr<ma::VfsFixedFolder> const& root) {
+boost::shared_ptr<ma::VfsEntry> uuidLookup(boost::shared_ptr<ma::VfsEntry> const& root) {
   auto folder = boost::dynamic_pointer_cast<ma::VfsFixedFolder>(resolveOrThrow(root, kLookupFolder).entry);
   return folder->findEntrybyUUID(kLookedUpUuid);
 }
@@ -63,7 +63,7 @@ EntryList orderedChildren(ma::VfsFixedFolder& folder, std::string const& criteri
   return criteria.empty() ? childrenOf(folder) : sortedChildrenOf(folder, criteria);
 }
 
-void printSorted(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& root,
+void printSorted(TextWriter& out, boost::shared_ptr<ma::VfsEntry> const& root,
                  boost::shared_ptr<ma::VfsFixedFolder> const& folder) {
   auto list = [&](std::string const& title, std::string const& criteria) {
     out << title << '\n';
@@ -81,7 +81,7 @@ void printSorted(TextWriter& out, boost::shared_ptr<ma::VfsFixedFolder> const& r
   }
 }
 
-Json sortedJson(boost::shared_ptr<ma::VfsFixedFolder> const& root,
+Json sortedJson(boost::shared_ptr<ma::VfsEntry> const& root,
                 boost::shared_ptr<ma::VfsFixedFolder> const& folder) {
   Json json;
   json["folder"] = kSortedFolder;

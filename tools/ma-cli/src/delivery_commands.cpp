@@ -104,7 +104,7 @@ unsigned int parseDeliveryMask(std::string const& text) {
     unsigned long long const value = std::strtoull(text.c_str() + (hexadecimal ? 2 : 0), &end, hexadecimal ? 16 : 10);
     if (*end != '\0' || errno == ERANGE || value > 0xFFFFFFFFull ||
         (hexadecimal && !std::isxdigit(static_cast<unsigned char>(text[2])))) {
-      throw InputError("bad delivery-system mask \"" + escaped(text) + "\": not a 32-bit number");
+      throw InputError("bad delivery-system mask " + quoted(text) + ": not a 32-bit number");
     }
     return static_cast<unsigned int>(value);
   }
@@ -121,8 +121,7 @@ unsigned int parseDeliveryMask(std::string const& text) {
       }
     }
     if (!known) {
-      throw InputError("bad delivery-system mask \"" + escaped(text) + "\": unknown system \"" + escaped(name) +
-                       "\"");
+      throw InputError("bad delivery-system mask " + quoted(text) + ": unknown system " + quoted(name));
     }
     if (end == std::string::npos) break;
     start = end + 1;

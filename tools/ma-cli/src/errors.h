@@ -16,6 +16,7 @@ constexpr int kExitSuccess = 0;
 constexpr int kExitBadInput = 1;   // a path, mask, URI, file or directory that does not work
 constexpr int kExitUsage = 2;      // the command line itself is wrong
 constexpr int kExitInternal = 3;   // anything unexpected
+constexpr int kExitSkipped = 4;    // done, but entries of a directory were skipped (each reported)
 
 // Input that the tool cannot work with. The message names what was wrong,
 // in one line.

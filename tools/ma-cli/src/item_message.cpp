@@ -276,10 +276,23 @@ class FlatChecker {
         case ZEL_ENDIAN_STRUCT:
           structure(*link, member);
           break;
-        case ZEL_ENDIAN_OPTIONAL_REF:
-          scalar(kPresenceWordSize, member + " presence word");
-          if (marker(member)) structure(*link, member);
+        case ZEL_ENDIAN_OPTIONAL_REF: {
+          // A writer sets the word to 1 with the slot (also when its payload
+          // could not be allocated), else leaves it 0.
+          std::size_t const at = next_;
+          std::uint64_t const presence = scalar(kPresenceWordSize, member + " presence word");
+          if (presence > 1) {
+            throw InputError("corrupted at byte " + std::to_string(at) + ": the presence word of " + member +
+                             " is " + std::to_string(presence) + ", not 0 or 1");
+          }
+          bool const carried = marker(member);
+          if (carried && presence == 0) {
+            throw InputError("corrupted at byte " + std::to_string(at) + ": the presence word of " + member +
+                             " is 0, but a payload follows");
+          }
+          if (carried) structure(*link, member);
           break;
+        }
         case ZEL_ENDIAN_COUNTED_CHARS:
           if (marker(member)) {
             characters = scalar(4, member + " count");

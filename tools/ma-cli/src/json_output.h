@@ -15,8 +15,18 @@ namespace ma_cli {
 // Keys keep the order in which a command adds them.
 typedef nlohmann::ordered_json Json;
 
-// Writes `document` indented by two blanks, with a final line feed. Bytes
-// that are not UTF-8 (file names may hold any byte) become U+FFFD.
+// `document` as text, indented by `indent` blanks per level (-1: on one
+// line). Bytes that are not UTF-8 (file names may hold any byte) become
+// U+FFFD; DEL, C1 controls, bidirectional controls and the line and paragraph
+// separators are written as \uNNNN escapes, so that no string can steer
+// the terminal that shows it.
+std::string jsonText(Json const& document, int indent);
+
+// Appends `text` to `out` as a JSON string, with the same replacements and
+// escapes as jsonText() (for documents written piece by piece).
+void appendJsonString(std::string& out, std::string const& text);
+
+// Writes jsonText(document, 2) with a final line feed.
 void printJson(TextWriter& out, Json const& document);
 
 }  // namespace ma_cli

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "errors.h"
+#include "item_dump.h"
 #include "item_kinds.h"
 #include "item_message.h"
 
@@ -24,31 +25,34 @@ struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
+// The bytes of message file `path`; "-" is standard input.
 std::vector<unsigned char> readMessageFile(std::string const& path) {
-  std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
-  if (!file) throw InputError("cannot read \"" + escaped(path) + "\": " + std::strerror(errno));
+  bool const standardInput = path == "-";
+  std::unique_ptr<std::FILE, FileCloser> file(standardInput ? nullptr : std::fopen(path.c_str(), "rb"));
+  if (!standardInput && !file) throw InputError("cannot read " + quoted(path) + ": " + std::strerror(errno));
+  std::FILE* const input = standardInput ? stdin : file.get();
   std::vector<unsigned char> bytes;
   unsigned char block[65536];
   for (;;) {
-    std::size_t const count = std::fread(block, 1, sizeof block, file.get());
+    std::size_t const count = std::fread(block, 1, sizeof block, input);
     bytes.insert(bytes.end(), block, block + count);
     if (bytes.size() > kLargestMessageFile) {
-      throw InputError("\"" + escaped(path) + "\" is too large for a message file");
+      throw InputError(quoted(path) + " is too large for a message file");
     }
     if (count < sizeof block) break;
   }
-  if (std::ferror(file.get())) {
-    throw InputError("cannot read \"" + escaped(path) + "\": " + std::strerror(errno));
+  if (std::ferror(input)) {
+    throw InputError("cannot read " + quoted(path) + ": " + std::strerror(errno));
   }
   return bytes;
 }
 
 void writeMessageFile(std::string const& path, std::vector<unsigned char> const& bytes) {
   std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "wb"));
-  if (!file) throw InputError("cannot write \"" + escaped(path) + "\": " + std::strerror(errno));
+  if (!file) throw InputError("cannot write " + quoted(path) + ": " + std::strerror(errno));
   if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
       std::fclose(file.release()) != 0) {
-    throw InputError("cannot write \"" + escaped(path) + "\": " + std::strerror(errno));
+    throw InputError("cannot write " + quoted(path) + ": " + std::strerror(errno));
   }
 }
 
@@ -74,11 +78,11 @@ Json roundTripJson(RoundTrip const& roundTrip) {
 }
 
 void runMsg(Output& output, std::string const& path, std::string const& directory,
-            std::string const& outFile) {
-  Catalogue const catalogue = loadCatalogue(directory);
+            ScanSettings const& settings, std::string const& outFile) {
+  Catalogue const catalogue = loadCatalogue(directory, settings);
   boost::shared_ptr<ma::VfsEntry> entry = resolveOrThrow(catalogue.root, path).entry;
   boost::shared_ptr<ma::ItemInfo> item = entry->getItemInfo();
-  if (!item) throw InputError("entry \"" + escaped(path) + "\" has no item record");
+  if (!item) throw InputError("entry " + quoted(path) + " has no item record");
 
   boost::shared_ptr<ma::ItemInfo> rebuilt;
   MessageListing const listing = listMessage(*item, Layout::kThisBuild, &rebuilt);
@@ -116,7 +120,7 @@ void runMsgDecode(Output& output, std::string const& file) {
   try {
     item = decodeMessage(bytes);
   } catch (InputError const& error) {
-    throw InputError("\"" + escaped(file) + "\": " + error.what());
+    throw InputError((file == "-" ? std::string("standard input") : quoted(file)) + ": " + error.what());
   }
   if (output.json) {
     Json json;
@@ -125,13 +129,15 @@ void runMsgDecode(Output& output, std::string const& file) {
     json["kind"] = kindName(item->getItemType());
     json["caption"] = item->getCaption();
     json["uuid"] = item->getUUID();
-    json["dump"] = linesOf(item->toString());
+    json["dump"] = safeDumpLines(*item);
     printJson(output.text, json);
     return;
   }
-  output.text << escaped(file) << ": " << bytes.size() << " bytes, a " << kindName(item->getItemType())
-              << " item\n";
-  for (std::string const& line : linesOf(item->toString())) output.text << escaped(line) << '\n';
+  std::string const kind = kindName(item->getItemType());
+  char const* const article = kind.find_first_of("aeiou") == 0 ? "an " : "a ";
+  output.text << (file == "-" ? std::string("standard input") : escaped(file)) << ": " << bytes.size()
+              << " bytes, " << article << kind << " item\n";
+  for (std::string const& line : safeDumpLines(*item)) output.text << line << '\n';
 }
 
 }  // namespace ma_cli

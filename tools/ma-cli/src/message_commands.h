@@ -16,9 +16,10 @@ namespace ma_cli {
 // layout, and whether it converts back to an equal item. With a non-empty
 // `outFile`, also writes the message's file form there.
 void runMsg(Output& output, std::string const& path, std::string const& directory,
-            std::string const& outFile);
+            ScanSettings const& settings, std::string const& outFile);
 
-// The item that message file `file` carries, as its text dump. A missing,
+// The item that message file `file` ("-": standard input) carries, as its
+// text dump, every field escaped. A missing,
 // unreadable, truncated or corrupted file is bad input (InputError).
 void runMsgDecode(Output& output, std::string const& file);
 

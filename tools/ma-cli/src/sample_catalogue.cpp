@@ -195,11 +195,12 @@ void addUsb(FolderPtr const& root) {
 }  // namespace
 
 Catalogue makeSampleCatalogue() {
+  FolderPtr const root = addFolder(FolderPtr(), "Receiver", "UUID-root");
+  addTv(root);
+  addRecordings(root);
+  addUsb(root);
   Catalogue catalogue;
-  catalogue.root = addFolder(FolderPtr(), "Receiver", "UUID-root");
-  addTv(catalogue.root);
-  addRecordings(catalogue.root);
-  addUsb(catalogue.root);
+  catalogue.root = root;
   return catalogue;
 }
 

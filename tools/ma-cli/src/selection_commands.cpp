@@ -16,8 +16,8 @@ std::string createSelection(ma::SelectionStrings const& parts) {
   TraceRecording recording;
   int const result = mdcSelectionCreate(uri, parts);
   if (result != 0) {
-    throw InputError("source type \"" + escaped(parts.sourceType) +
-                     "\" must be exactly 4 characters (result " + std::to_string(result) + ")");
+    throw InputError("source type " + quoted(parts.sourceType) +
+                     " must be exactly 4 characters (result " + std::to_string(result) + ")");
   }
   return uri;
 }
@@ -36,6 +36,39 @@ SelectionParse parseSelection(std::string const& uri) {
   return parse;
 }
 
+SelectionSplit splitSelection(std::string const& uri) {
+  SelectionSplit split;
+  TraceRecording recording;
+  split.result = mdcSelectionSplit(split.parts, uri);
+  split.trace = recording.lines();
+  return split;
+}
+
+namespace {
+
+void printSelectionParts(TextWriter& out, ma::SelectionStrings const& parts) {
+  out << "  sourceType  \"" << escaped(parts.sourceType) << "\"\n"
+      << "  volume      \"" << escaped(parts.volume) << "\"\n"
+      << "  path        \"" << escaped(parts.path) << "\"\n";
+  for (auto const& parameter : parts.parameters) {
+    out << "  parameter   \"" << escaped(parameter.first) << "\" = \"" << escaped(parameter.second) << "\"\n";
+  }
+}
+
+void printSplitText(TextWriter& out, std::string const& uri, SelectionSplit const& split) {
+  out << "mdcSelectionSplit(\"" << escaped(uri) << "\") = " << split.result << '\n';
+  printSelectionParts(out, split.parts);
+}
+
+// The trace lines a reader left, as a suffix of a one-line error.
+std::string traceSuffix(std::vector<std::string> const& trace) {
+  std::string suffix;
+  for (std::string const& line : trace) suffix += ": " + clipped(line, 300);
+  return suffix;
+}
+
+}  // namespace
+
 void printSelectionParseText(TextWriter& out, SelectionParse const& parse) {
   out << "mdcSelectionParse(\"" << escaped(parse.uri) << "\")";
   if (parse.lengthError) {
@@ -46,14 +79,7 @@ void printSelectionParseText(TextWriter& out, SelectionParse const& parse) {
     return;
   }
   out << " = " << parse.result << '\n';
-  if (parse.result == 0) {
-    out << "  sourceType  \"" << escaped(parse.parts.sourceType) << "\"\n"
-        << "  volume      \"" << escaped(parse.parts.volume) << "\"\n"
-        << "  path        \"" << escaped(parse.parts.path) << "\"\n";
-    for (auto const& parameter : parse.parts.parameters) {
-      out << "  parameter   \"" << escaped(parameter.first) << "\" = \"" << escaped(parameter.second) << "\"\n";
-    }
-  }
+  if (parse.result == 0) printSelectionParts(out, parse.parts);
   for (std::string const& line : parse.trace) {
     std::vector<std::string> const parts = wrapped("trace: " + escaped(line), 76);
     for (std::size_t i = 0; i < parts.size(); ++i) out << (i == 0 ? "  " : "    ") << parts[i] << '\n';
@@ -95,7 +121,7 @@ void runUriCreate(Output& output, std::string const& type, std::string const& vo
   for (std::string const& parameter : parameters) {
     std::size_t const equals = parameter.find('=');
     if (equals == std::string::npos || equals == 0) {
-      throw InputError("parameter \"" + escaped(parameter) + "\" is not KEY=VALUE");
+      throw InputError("parameter " + quoted(parameter) + " is not KEY=VALUE");
     }
     parts.parameters[parameter.substr(0, equals)] = parameter.substr(equals + 1);
   }
@@ -112,15 +138,21 @@ void runUriCreate(Output& output, std::string const& type, std::string const& vo
 void runUriParse(Output& output, std::string const& uri) {
   SelectionParse const parse = parseSelection(uri);
   if (!parse.lengthError && parse.result < 0) {
-    std::string message = "\"" + escaped(uri) + "\" is not a selection URI (result " +
-                          std::to_string(parse.result) + ")";
-    for (std::string const& line : parse.trace) message += ": " + line;
-    throw InputError(message);
+    throw InputError(quoted(uri) + " is not a selection URI (result " +
+                     std::to_string(parse.result) + ")" + traceSuffix(parse.trace));
+  }
+  SelectionSplit const split = splitSelection(uri);
+  if (split.result < 0) {
+    throw InputError(quoted(uri) + " is not a selection URI (mdcSelectionSplit result " +
+                     std::to_string(split.result) + ")" + traceSuffix(split.trace));
   }
   if (output.json) {
-    printJson(output.text, selectionParseJson(parse));
+    Json json = selectionParseJson(parse);
+    json["split"] = {{"result", split.result}, {"parts", selectionJson(split.parts)}};
+    printJson(output.text, json);
   } else {
     printSelectionParseText(output.text, parse);
+    printSplitText(output.text, uri, split);
   }
 }
 

@@ -3,10 +3,12 @@
 //
 // uri create and uri parse: selection URIs built and split by the library.
 //
-// Parsing keeps the library's documented behaviour: a text without ":" and
-// "//" is rejected with -22 (bad input for the tool), and every other text
-// ends in std::length_error after the source type was read. The tool
-// reports that exception as what it is, with the source type it got.
+// `uri parse` shows both of the library's readers. mdcSelectionParse, kept
+// for clients built against it, rejects a text without ":" and "//" with -22
+// (bad input for the tool) and ends every other text in std::length_error
+// after the source type was read: the tool reports that exception as what it
+// is, with the source type it got. mdcSelectionSplit then gives the parts of
+// every URI mdcSelectionCreate writes; a text it refuses is bad input too.
 #ifndef MA_CLI_SELECTION_COMMANDS_H_
 #define MA_CLI_SELECTION_COMMANDS_H_
 
@@ -34,6 +36,15 @@ struct SelectionParse {
 
 SelectionParse parseSelection(std::string const& uri);
 
+// What mdcSelectionSplit made of a text.
+struct SelectionSplit {
+  int result = 0;                // 0, or -22 for a text that is not a selection URI
+  ma::SelectionStrings parts;    // filled on success
+  std::vector<std::string> trace;
+};
+
+SelectionSplit splitSelection(std::string const& uri);
+
 void printSelectionParseText(TextWriter& out, SelectionParse const& parse);
 Json selectionParseJson(SelectionParse const& parse);
 Json selectionJson(ma::SelectionStrings const& parts);
@@ -41,7 +52,7 @@ Json selectionJson(ma::SelectionStrings const& parts);
 // `parameters` holds "KEY=VALUE" texts (an empty VALUE is allowed).
 void runUriCreate(Output& output, std::string const& type, std::string const& volume,
                   std::string const& path, std::vector<std::string> const& parameters);
-// A text the library rejects (-22) is bad input.
+// A text either reader rejects (-22) is bad input.
 void runUriParse(Output& output, std::string const& uri);
 
 }  // namespace ma_cli

@@ -45,15 +45,36 @@ class TextWriter {
   // refuses the text (a full disk, a closed descriptor).
   void flush();
 
+  // Drops what is collected and not yet written.
+  void discard() { buffer_.clear(); }
+
  private:
   int fd_;
   std::string buffer_;
 };
 
-// `text` with every control byte (below 0x20, and 0x7f) written as \xNN and
-// a backslash doubled, so that one value always stays on one line. Other
-// bytes, UTF-8 sequences included, are kept.
+// `text` made safe for a terminal, one value on one line: control bytes
+// (C0, DEL), C1 controls (raw bytes 0x80-0x9f as well as U+0080-U+009F)
+// and bytes that are not UTF-8 become \xNN; the bidirectional controls
+// (U+061C, U+200E, U+200F, U+202A-U+202E, U+2066-U+2069) and the line and
+// paragraph separators (U+2028, U+2029) become \uNNNN; a backslash is
+// doubled. Every other UTF-8 character is kept.
 std::string escaped(std::string const& text);
+
+// Whether code point `code` must not reach a terminal as it is: C1
+// controls, bidirectional controls, line and paragraph separators.
+bool isUnsafeCodePoint(unsigned long code);
+
+// The length of the well-formed UTF-8 sequence at `at` (with `left` bytes
+// from there) and its code point in `*code`, or 0 when the bytes are not
+// one (a lone, overlong, surrogate or out-of-range sequence).
+std::size_t utf8Sequence(unsigned char const* at, std::size_t left, unsigned long* code);
+
+// `text` in double quotes, for an error message that echoes an input: cut
+// to 200 bytes (never inside a UTF-8 sequence) and then followed by
+// "... (N bytes)" when longer. Not escaped: the error line is escaped as a
+// whole when it is printed.
+std::string quoted(std::string const& text);
 
 // `text` padded with blanks on the right to `width` bytes (never cut).
 std::string padRight(std::string const& text, std::size_t width);

@@ -122,7 +122,7 @@ ma_cli_bad(1 "carries no item: kind 7 names the empty video slot" msg decode "${
 patch(two-slots.bin 8 001)
 ma_cli_bad(1 "corrupted|truncated" msg decode "${WORK_DIR}/two-slots.bin")
 damaged(noise.bin "head -c 2000 /dev/zero | tr '\\000' '\\377' > noise.bin")
-ma_cli_bad(1 "noise.bin\": corrupted at byte 8: the marker of message\\.folder is 255" msg decode "${WORK_DIR}/noise.bin")
+ma_cli_bad(1 "noise.bin\": corrupted at byte 4: the presence word of message\\.folder is 4294967295, not 0 or 1" msg decode "${WORK_DIR}/noise.bin")
 
 # Files that are not there or not files.
 ma_cli_bad(1 "cannot read \"[^\"]*missing.bin\": No such file or directory" msg decode "${WORK_DIR}/missing.bin")

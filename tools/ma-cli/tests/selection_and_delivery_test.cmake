@@ -23,15 +23,22 @@ ma_cli_bad(1 "parameter \"=1\" is not KEY=VALUE" uri create --type file --param 
 ma_cli_bad(2 "--type" uri create --volume usb0)
 ma_cli_bad(2 "" uri)
 
-# uri parse: the parser's documented std::length_error is reported, with
-# the source type it read; a text without "://" is bad input.
+# uri parse: the legacy parser's documented std::length_error is reported,
+# with the source type it read, then the parts mdcSelectionSplit reads; a
+# text without "://" is bad input, and so is one the splitter refuses.
 ma_cli_ok(parsed uri parse "file://usb0/Music?start=2")
 ma_cli_expect_match("uri parse" "${parsed_OUT}"
   "^mdcSelectionParse\\(\"file://usb0/Music\\?start=2\"\\)\n  threw std::length_error"
-  "sourceType  \"file\"")
-ma_cli_ok(parsed_json uri parse "dvbs://astra/19.2E" --json)
+  "sourceType  \"file\""
+  "\nmdcSelectionSplit\\(\"file://usb0/Music\\?start=2\"\\) = 0\n  sourceType  \"file\"\n  volume      \"usb0\"\n  path        \"Music\"\n  parameter   \"start\" = \"2\"\n$")
+ma_cli_ok(parsed_json uri parse "dvbs://astra/19.2E?lcn=7" --json)
 ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "length_error" outcome)
 ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "dvbs" sourceType)
+ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "0" split result)
+ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "astra" split parts volume)
+ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "19.2E" split parts path)
+ma_cli_expect_json("uri parse --json" "${parsed_json_OUT}" "7" split parts parameters lcn)
+ma_cli_bad(1 "\"file://usb0\" is not a selection URI \\(mdcSelectionSplit result -22\\): .*No \"/\" found behind the volume" uri parse "file://usb0")
 ma_cli_bad(1 "\"usb0/Music\" is not a selection URI \\(result -22\\): .*No source type" uri parse "usb0/Music")
 ma_cli_bad(1 "\"file:usb0\" is not a selection URI \\(result -22\\)" uri parse "file:usb0")
 ma_cli_bad(2 "URI" uri parse)

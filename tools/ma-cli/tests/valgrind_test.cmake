@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: Apache-2.0
 # Copyright 2026 The libma-common Authors
 #
-# ma-cli under valgrind's memcheck: the sample walk, a scanned directory
-# with a symlink loop, and message files that are truncated or corrupted:
+# ma-cli under valgrind's memcheck: the sample walk, a directory with a
+# link loop (listed, and followed), and message files that are truncated or corrupted:
 # no invalid read (in particular none beyond a damaged file's bytes), no
 # uninitialised value, no leak. Given -DVALGRIND=<valgrind> and
 # -DSUPPRESSIONS=<the project's suppression file>.
@@ -27,6 +27,11 @@ memchecked(0 --json)
 ma_cli_shell("rm -rf tree && mkdir -p tree/a/b && : > tree/a/b/x.mp3 && : > tree/y.jpg &&
   ln -s .. tree/a/b/loop")
 memchecked(0 tree "${WORK_DIR}/tree" --sort -dc:title)
+# The plain walk (the storage worker reads ahead), --follow with its loop
+# report (exit 4), streamed JSON and a resolve through two folders.
+memchecked(0 tree "${WORK_DIR}/tree" --json)
+memchecked(4 tree "${WORK_DIR}/tree" --follow)
+memchecked(0 resolve "$0$0$0" "${WORK_DIR}/tree")
 
 ma_cli_ok(written msg "$1$2" --out "${WORK_DIR}/good.bin")
 ma_cli_shell("head -c 200 good.bin > cut.bin &&

@@ -17,34 +17,21 @@
 
 #include "ma_test/run_length.h"
 #include "ma_test/trace_capture.h"
+#include "selection_parts.h"
 #include "selection_trace_lines.h"
 
 namespace {
 
+using selection_test::expectSameParts;
 using selection_test::failureLine;
+using selection_test::kInvalidArgument;
 using selection_test::maskedLines;
+using selection_test::parts;
+using selection_test::previousParts;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 using Parameters = std::map<std::string, std::string>;
-
-constexpr int kInvalidArgument = -22;
-
-ma::SelectionStrings parts(std::string sourceType, std::string volume, std::string path,
-                           Parameters parameters = {}) {
-  return {std::move(sourceType), std::move(volume), std::move(path), std::move(parameters)};
-}
-
-ma::SelectionStrings previousParts() {
-  return parts("oldt", "oldvolume", "old/path", {{"old", "value"}});
-}
-
-void expectSameParts(ma::SelectionStrings const& expected, ma::SelectionStrings const& actual) {
-  EXPECT_EQ(expected.sourceType, actual.sourceType);
-  EXPECT_EQ(expected.volume, actual.volume);
-  EXPECT_EQ(expected.path, actual.path);
-  EXPECT_EQ(expected.parameters, actual.parameters);
-}
 
 bool sameParts(ma::SelectionStrings const& a, ma::SelectionStrings const& b) {
   return a.sourceType == b.sourceType && a.volume == b.volume && a.path == b.path &&

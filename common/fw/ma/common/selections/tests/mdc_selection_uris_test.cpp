@@ -12,34 +12,20 @@
 #include <string>
 
 #include "ma_test/trace_capture.h"
+#include "selection_parts.h"
 #include "selection_trace_lines.h"
 #include "zel/zel_standin.h"
 
 namespace {
 
+using selection_test::expectSameParts;
 using selection_test::failureLine;
+using selection_test::kInvalidArgument;
 using selection_test::maskedLines;
+using selection_test::parts;
+using selection_test::previousParts;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr int kInvalidArgument = -22;
-
-ma::SelectionStrings parts(std::string sourceType, std::string volume, std::string path,
-                           std::map<std::string, std::string> parameters = {}) {
-  return {std::move(sourceType), std::move(volume), std::move(path), std::move(parameters)};
-}
-
-// Fields that a failed or interrupted parse must leave as they were.
-ma::SelectionStrings previousParts() {
-  return parts("oldt", "oldvolume", "old/path", {{"old", "value"}});
-}
-
-void expectSameParts(ma::SelectionStrings const& expected, ma::SelectionStrings const& actual) {
-  EXPECT_EQ(expected.sourceType, actual.sourceType);
-  EXPECT_EQ(expected.volume, actual.volume);
-  EXPECT_EQ(expected.path, actual.path);
-  EXPECT_EQ(expected.parameters, actual.parameters);
-}
 
 // --- create ---
 

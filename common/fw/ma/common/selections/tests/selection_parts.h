@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+// Copyright 2026 The libma-common Authors
+//
+// Selection parts for the tests: built in one call, the parts a reader must
+// leave alone when it fails, and a field-by-field comparison.
+#ifndef MA_SELECTIONS_TESTS_SELECTION_PARTS_H_
+#define MA_SELECTIONS_TESTS_SELECTION_PARTS_H_
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "ma/mdc_selection_uris.h"
+
+namespace selection_test {
+
+// The result of a text that is not a selection URI.
+constexpr int kInvalidArgument = -22;
+
+inline ma::SelectionStrings parts(std::string sourceType, std::string volume, std::string path,
+                                  std::map<std::string, std::string> parameters = {}) {
+  return {std::move(sourceType), std::move(volume), std::move(path), std::move(parameters)};
+}
+
+// Fields that a failed or interrupted read must leave as they were.
+inline ma::SelectionStrings previousParts() {
+  return parts("oldt", "oldvolume", "old/path", {{"old", "value"}});
+}
+
+inline void expectSameParts(ma::SelectionStrings const& expected, ma::SelectionStrings const& actual) {
+  EXPECT_EQ(expected.sourceType, actual.sourceType);
+  EXPECT_EQ(expected.volume, actual.volume);
+  EXPECT_EQ(expected.path, actual.path);
+  EXPECT_EQ(expected.parameters, actual.parameters);
+}
+
+}  // namespace selection_test
+
+#endif  // MA_SELECTIONS_TESTS_SELECTION_PARTS_H_

@@ -13,7 +13,8 @@
 #      instructions and heap allocations per operation;
 #   4. the heap-bytes-per-leaf program on the host and on the ARM target.
 #
-#   scripts/bench.sh                 everything (about 15 minutes alone)
+#   scripts/bench.sh                 everything (about 4 minutes on an idle 2-core machine,
+#                                    15 when other builds share it)
 #   scripts/bench.sh --smoke         builds the benchmarks and the plugin, runs
 #                                    each case once at its smallest size, and
 #                                    checks the plugin against callgrind on the

@@ -22,13 +22,12 @@
 
 namespace {
 
+using selection_test::expectRefused;
 using selection_test::expectSameParts;
-using selection_test::failureLine;
 using selection_test::kInvalidArgument;
 using selection_test::maskedLines;
 using selection_test::parts;
 using selection_test::previousParts;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 using Parameters = std::map<std::string, std::string>;
@@ -145,11 +144,7 @@ TEST(SelectionSplit, RefusesTextsThatAreNotSelectionUris) {
   };
   for (Refused const& c : cases) {
     SCOPED_TRACE(c.uri);
-    ma_test::TraceCapture capture;
-    ma::SelectionStrings result = previousParts();
-    EXPECT_EQ(kInvalidArgument, mdcSelectionSplit(result, c.uri));
-    expectSameParts(previousParts(), result);
-    EXPECT_THAT(maskedLines(capture), ElementsAre(failureLine("mdcSelectionSplit", c.message)));
+    expectRefused(mdcSelectionSplit, "mdcSelectionSplit", c.uri, c.message);
   }
 }
 

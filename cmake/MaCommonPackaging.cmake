@@ -165,7 +165,7 @@ function(ma_common_finish_packaging)
   add_custom_target(debian-packages
     COMMAND ${CMAKE_COMMAND} ${MA_COMMON_MAKE_PACKAGES_ARGS}
       -DWORK_DIR=${PROJECT_BINARY_DIR}/packaging -DOUTPUT_DIR=${PROJECT_BINARY_DIR}/packages
-      -P ${MA_COMMON_PACKAGING_DIR}/make-packages.cmake
+      -P ${MA_COMMON_MAKE_PACKAGES_SCRIPT}
     COMMENT "Debian packages (debhelper) into ${PROJECT_BINARY_DIR}/packages"
     VERBATIM USES_TERMINAL)
   foreach(target IN ITEMS ma-common zel-standin ma-cli ma-cli-manual-page api-reference)

@@ -140,20 +140,16 @@ function(ma_common_finish_packaging)
     endif()
   endforeach()
   set(index 0)
-  set(packaged "")
   list(LENGTH MA_COMMON_PACKAGE_NAMES count)
   while(index LESS count)
     list(GET MA_COMMON_PACKAGE_NAMES ${index} component)
     math(EXPR index "${index} + 1")
     list(GET MA_COMMON_PACKAGE_NAMES ${index} package)
     math(EXPR index "${index} + 1")
-    if(component IN_LIST installed)
-      list(APPEND packaged ${component})
-    else()
+    if(NOT component IN_LIST installed)
       list(APPEND excluded "-N${package}")
     endif()
   endwhile()
-  set(MA_COMMON_PACKAGED_COMPONENTS "${packaged}")
   list(JOIN excluded " " excluded)
   # The packaging script's settings (seen by ma_common_add_package_checks()
   # too); a caller adds -DWORK_DIR=<scratch>
@@ -169,7 +165,7 @@ function(ma_common_finish_packaging)
   add_custom_target(debian-packages
     COMMAND ${CMAKE_COMMAND} ${MA_COMMON_MAKE_PACKAGES_ARGS}
       -DWORK_DIR=${PROJECT_BINARY_DIR}/packaging -DOUTPUT_DIR=${PROJECT_BINARY_DIR}/packages
-      -P ${MA_COMMON_PACKAGING_DIR}/make-packages.cmake
+      -P ${MA_COMMON_MAKE_PACKAGES_SCRIPT}
     COMMENT "Debian packages (debhelper) into ${PROJECT_BINARY_DIR}/packages"
     VERBATIM USES_TERMINAL)
   foreach(target IN ITEMS ma-common zel-standin ma-cli ma-cli-manual-page api-reference)

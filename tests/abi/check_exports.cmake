@@ -5,17 +5,15 @@
 # with NM) with the list in EXPECTED. Every listed name must be defined and
 # exported; no name of an anonymous namespace may be.
 #
-# Names are compared after spelling std::__cxx11::basic_string<char, ...> as
-# std::string and dropping the [abi:cxx11] tag, so that one list serves the
-# host and the target.
+# Names are compared in the list's spelling (exported_names.cmake), so that
+# one list serves the host and the target.
+include("${CMAKE_CURRENT_LIST_DIR}/exported_names.cmake")
 execute_process(COMMAND "${NM}" -DC --defined-only "${LIBRARY}"
   OUTPUT_VARIABLE listing RESULT_VARIABLE result)
 if(result)
   message(FATAL_ERROR "${NM} failed on ${LIBRARY}")
 endif()
-string(REPLACE "std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >"
-  "std::string" listing "${listing}")
-string(REPLACE "[abi:cxx11]" "" listing "${listing}")
+ma_common_spell_exported_names(listing)
 string(REGEX REPLACE "(^|\n)[0-9a-f]+ [A-Za-z] " "\\1" listing "${listing}")
 string(REPLACE "\n" ";" exported "${listing}")
 

@@ -48,9 +48,8 @@ execute_process(COMMAND c++filt INPUT_FILE "${WORK_DIR}/mangled.txt"
 if(result)
   message(FATAL_ERROR "c++filt failed")
 endif()
-string(REPLACE "std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >"
-  "std::string" demangled "${demangled}")
-string(REPLACE "[abi:cxx11]" "" demangled "${demangled}")
+include("${CMAKE_CURRENT_LIST_DIR}/../abi/exported_names.cmake")
+ma_common_spell_exported_names(demangled)
 string(REPLACE "\n" ";" listed "${demangled}")
 
 file(STRINGS "${EXPECTED}" expected REGEX "^[^#]")

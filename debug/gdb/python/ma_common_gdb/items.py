@@ -57,19 +57,16 @@ def _data_fields(value):
 
 
 def _format_member(name, member):
-    """(is_default, text) of one record or message member."""
+    """(is_default, text) of one record or message member; a member that
+    cannot be read raises one of reading.READ_ERRORS."""
     member_type = member.type.strip_typedefs()
     if _is_std_string(member_type):
         return reading.std_string(member)
     if _is_counted_string(member_type):
         return reading.counted_string(member)
-    try:
-        if member_type.code == gdb.TYPE_CODE_BOOL:
-            number = int(member)
-            return number == NON_ZERO_DEFAULTS.get(name, 0), "true" if number else "false"
-        number = int(member)
-    except reading.READ_ERRORS:
-        return False, "<unreadable>"
+    number = int(member)
+    if member_type.code == gdb.TYPE_CODE_BOOL:
+        return number == NON_ZERO_DEFAULTS.get(name, 0), "true" if number else "false"
     if name in ("receivable", "visible", "selectable"):  # one byte in the message
         return number == 1, "true" if number == 1 else ("false" if number == 0 else str(number))
     return number == NON_ZERO_DEFAULTS.get(name, 0), str(number)

@@ -139,9 +139,14 @@ def vector_range(value):
     """The first element and the element count of a std::vector, as
     (first, count): `first` a pointer Value; raises gdb.error on damage."""
     pointer_type = value["_M_impl"]["_M_start"].type.strip_typedefs()
-    start = value["_M_impl"]["_M_start"].cast(pointer_type)
-    finish = value["_M_impl"]["_M_finish"].cast(pointer_type)
-    size = pointer_type.target().sizeof
+    return element_range(value["_M_impl"]["_M_start"].cast(pointer_type),
+                         value["_M_impl"]["_M_finish"].cast(pointer_type))
+
+
+def element_range(start, finish):
+    """(start, count) of the elements from pointer `start` up to pointer
+    `finish`; raises gdb.error when they cannot bound a list."""
+    size = start.type.strip_typedefs().target().sizeof
     distance = int(finish) - int(start)
     if distance < 0:
         raise gdb.error("damaged list, its end before its start")

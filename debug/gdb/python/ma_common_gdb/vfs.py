@@ -162,13 +162,9 @@ class ChildrenIteratorPrinter:
         self.sorted = reading.type_name(iterator).endswith("SharedVectorIterator")
 
     def _range(self):
-        begin = self.iterator["m_begin"]["_M_current"]
-        end = self.iterator["m_end"]["_M_current"]
-        size = begin.type.strip_typedefs().target().sizeof
-        distance = int(end) - int(begin)
-        if distance < 0 or size == 0 or distance % size or distance // size > reading.MAX_ELEMENTS:
-            raise gdb.error("damaged range")
-        return begin, distance // size, int(self.iterator["m_index"])
+        begin, total = reading.element_range(self.iterator["m_begin"]["_M_current"],
+                                             self.iterator["m_end"]["_M_current"])
+        return begin, total, int(self.iterator["m_index"])
 
     def to_string(self):
         address = reading.address_of(self.iterator)

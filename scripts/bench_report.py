@@ -247,20 +247,27 @@ def read_arm(folder):
     return result
 
 
-def check_plugin(folder):
-    """The plugin under qemu-x86_64 against callgrind on the same cases."""
+def plugin_comparisons(folder):
+    """The cases counted both by callgrind and by the plugin under qemu-x86_64
+    in `folder`: [(case name, callgrind's count, the plugin's count, relative
+    difference)], instructions per operation."""
     callgrind = read_callgrind(os.path.join(folder, "callgrind.cases"),
                                os.path.join(folder, "callgrind.out"))
     plugin = read_plugin(os.path.join(folder, "plugin.cases"),
                          os.path.join(folder, "plugin.counts"))
-    common = sorted(set(callgrind) & set(plugin))
-    if not common:
+    return [(name, callgrind[name][0], plugin[name][0],
+             (plugin[name][0] - callgrind[name][0]) / callgrind[name][0])
+            for name in sorted(set(callgrind) & set(plugin))]
+
+
+def check_plugin(folder):
+    """The plugin under qemu-x86_64 against callgrind on the same cases."""
+    comparisons = plugin_comparisons(folder)
+    if not comparisons:
         print("plugin check: no case counted by both callgrind and the plugin")
         return 1
     failed = 0
-    for name in common:
-        expected, counted = callgrind[name][0], plugin[name][0]
-        difference = (counted - expected) / expected
+    for name, expected, counted, difference in comparisons:
         ok = abs(difference) <= 0.005
         failed += not ok
         print("plugin check: %s: callgrind %.1f, plugin %.1f instructions per operation "
@@ -404,10 +411,11 @@ def main():
     arm_alloc = per_element({n: (v[2], v[1]) for n, v in arm_cases.items()})
     allocator = read_allocator(folder)
     x86_alloc = per_element(allocator)
-    x86_outside = per_element({
-        name: (instructions[split(name)[0]][split(name)[2]][split(name)[1]] * elements - inside,
-               elements)
-        for name, (inside, elements) in allocator.items()})
+    outside = {}
+    for name, (inside, elements) in allocator.items():
+        scenario, variant, arg = split(name)
+        outside[name] = (instructions[scenario][arg][variant] * elements - inside, elements)
+    x86_outside = per_element(outside)
     sources = {"x86": instructions, "arm": arm, "arm_alloc": arm_alloc, "x86_alloc": x86_alloc,
                "x86_outside": x86_outside, "time": times}
 
@@ -426,18 +434,13 @@ def main():
              "sizes have times only." % os.environ.get("BENCH_CALLGRIND_MAX_ARG", "100,000"), ""]
     check = os.path.join(folder, "plugin-check")
     if os.path.isdir(check):
-        callgrind = read_callgrind(os.path.join(check, "callgrind.cases"),
-                                   os.path.join(check, "callgrind.out"))
-        plugin = read_plugin(os.path.join(check, "plugin.cases"),
-                             os.path.join(check, "plugin.counts"))
-        for name in sorted(set(callgrind) & set(plugin)):
-            expected, counted = callgrind[name][0], plugin[name][0]
+        for name, expected, counted, difference in plugin_comparisons(check):
             lines += ["The plugin is checked against callgrind in every run (and in the test "
                       "command's `bench-smoke`): the same host program under `qemu-x86_64` with "
                       "the plugin counted %s instructions per operation of `%s` where callgrind "
                       "counted %s (%+.3f%%; the check allows 0.5%%)."
                       % ("{:,.1f}".format(counted), name, "{:,.1f}".format(expected),
-                         100 * (counted - expected) / expected), ""]
+                         100 * difference), ""]
 
     if arm_cases:
         rows = []

@@ -571,11 +571,6 @@ std::vector<SkippedEntry> ScanReport::skipped() const {
   return skipped_;
 }
 
-std::size_t ScanReport::skippedCount() const {
-  std::lock_guard<std::mutex> lock(mutex_);
-  return skipped_.size();
-}
-
 std::size_t entriesSkippedThisRun() { return gSkippedThisRun.load(); }
 
 boost::shared_ptr<ma::VfsEntry> openDirectoryTree(std::string const& path, ScanSettings const& settings,

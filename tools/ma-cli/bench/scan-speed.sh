@@ -38,7 +38,7 @@ for folder in range(100):
 PY
 fi
 
-# measure NAME COMMAND: prints "median-seconds peak-kilobytes".
+# measure COMMAND: prints "median-seconds peak-kilobytes".
 measure() {
   local command=$1 times=() peak=0 line
   sh -c "$command" >/dev/null

@@ -234,22 +234,26 @@ std::string uuidOf(struct stat const& status) {
   return text;
 }
 
-// Locator, size and dates of the record of the file at `path` (absolute).
-void describe(ma::ItemInfo& item, std::string const& path, struct stat const& status) {
+// The record of the file at `path` (absolute), of kind `kind` and caption
+// `caption`: its identifier from `status`, its locator, size and dates.
+boost::shared_ptr<ma::ItemInfo> recordOf(ma::itemType kind, std::string const& caption, std::string const& path,
+                                         struct stat const& status) {
+  boost::shared_ptr<ma::ItemInfo> record = makeItem(kind, caption, uuidOf(status));
   ma::SelectionStrings parts;
   parts.sourceType = "file";
   parts.path = path.substr(1);  // "file://" + "" + "/" + path without its "/"
   std::string locator;
   mdcSelectionCreate(locator, parts);
-  item.setItemLocator(locator);
-  item.setFileSize(static_cast<unsigned long long>(status.st_size));
-  item.setDateNumeric(static_cast<long long>(status.st_mtime));
+  record->setItemLocator(locator);
+  record->setFileSize(static_cast<unsigned long long>(status.st_size));
+  record->setDateNumeric(static_cast<long long>(status.st_mtime));
   std::tm utc;
   std::time_t const time = status.st_mtime;
   char date[32];
   if (::gmtime_r(&time, &utc) != nullptr && std::strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", &utc) != 0) {
-    item.setDate(date);
+    record->setDate(date);
   }
+  return record;
 }
 
 // What a file type is called in a report.
@@ -504,8 +508,7 @@ Children listDirectory(DirectoryFolder& folder) {
     std::string const position = folder.positionalPath() + "$" + std::to_string(children.size());
     if (S_ISLNK(status.st_mode)) {
       std::string const target = readLink(fd, name.c_str(), static_cast<std::size_t>(status.st_size));
-      boost::shared_ptr<ma::ItemInfo> item = makeItem(kindOfFileName(name), name, uuidOf(status));
-      describe(*item, childPath, status);
+      boost::shared_ptr<ma::ItemInfo> item = recordOf(kindOfFileName(name), name, childPath, status);
       children.emplace_back(new DirectoryLeaf(item, position, target));
     } else if (S_ISDIR(status.st_mode)) {
       if (!scan.mayRead(status, true)) {
@@ -514,8 +517,7 @@ Children listDirectory(DirectoryFolder& folder) {
         scan.report->skip(childPath, "loop: leads back to a directory above it");
       } else {
         bool const sealed = scan.settings.oneFileSystem && status.st_dev != scan.rootDevice;
-        boost::shared_ptr<ma::ItemInfo> item = makeItem(ma::ITEM_TYPE_FOLDER, name, uuidOf(status));
-        describe(*item, childPath, status);
+        boost::shared_ptr<ma::ItemInfo> item = recordOf(ma::ITEM_TYPE_FOLDER, name, childPath, status);
         std::shared_ptr<DirectoryNode> child =
             std::make_shared<DirectoryNode>(node.scan, folder.sharedNode(), name, status, sealed);
         children.emplace_back(new DirectoryFolder(std::move(child), item, position));
@@ -524,8 +526,7 @@ Children listDirectory(DirectoryFolder& folder) {
       if (!scan.mayRead(status, false)) {
         scan.report->skip(childPath, "not readable");
       } else {
-        boost::shared_ptr<ma::ItemInfo> item = makeItem(kindOfFileName(name), name, uuidOf(status));
-        describe(*item, childPath, status);
+        boost::shared_ptr<ma::ItemInfo> item = recordOf(kindOfFileName(name), name, childPath, status);
         children.emplace_back(new DirectoryLeaf(item, position, std::string()));
       }
     } else {
@@ -571,11 +572,6 @@ std::vector<SkippedEntry> ScanReport::skipped() const {
   return skipped_;
 }
 
-std::size_t ScanReport::skippedCount() const {
-  std::lock_guard<std::mutex> lock(mutex_);
-  return skipped_.size();
-}
-
 std::size_t entriesSkippedThisRun() { return gSkippedThisRun.load(); }
 
 boost::shared_ptr<ma::VfsEntry> openDirectoryTree(std::string const& path, ScanSettings const& settings,
@@ -600,8 +596,7 @@ boost::shared_ptr<ma::VfsEntry> openDirectoryTree(std::string const& path, ScanS
   std::shared_ptr<DirectoryNode> node = std::make_shared<DirectoryNode>(scan, nullptr, root, status, false);
   scan->cache.pinRoot(*node, fd);
   std::string const caption = root == "/" ? "/" : root.substr(root.rfind('/') + 1);
-  boost::shared_ptr<ma::ItemInfo> item = makeItem(ma::ITEM_TYPE_FOLDER, caption, uuidOf(status));
-  describe(*item, root, status);
+  boost::shared_ptr<ma::ItemInfo> item = recordOf(ma::ITEM_TYPE_FOLDER, caption, root, status);
   return boost::shared_ptr<ma::VfsEntry>(new DirectoryFolder(node, item, std::string()));
 }
 

@@ -73,7 +73,6 @@ class ScanReport {
   // Counts `count` entries listed (for the progress line).
   void listed(std::size_t count);
   std::vector<SkippedEntry> skipped() const;
-  std::size_t skippedCount() const;
 
  private:
   mutable std::mutex mutex_;

@@ -57,24 +57,23 @@ string(ASCII 127 del)
 string(ASCII 155 c1)
 string(ASCII 226 128 174 rlo)
 string(ASCII 194 155 u9b)
-foreach(byte esc del c1 rlo u9b)
-  string(FIND "${hostile_OUT}" "${${byte}}" at)
-  if(NOT at LESS 0)
-    ma_cli_fail("hostile names: a raw ${byte} reached stdout")
-  endif()
-endforeach()
+# Fails `what` for each of the control sequences above found raw in `text`.
+function(expect_no_raw_controls what text)
+  foreach(byte esc del c1 rlo u9b)
+    string(FIND "${text}" "${${byte}}" at)
+    if(NOT at LESS 0)
+      ma_cli_fail("${what}: a raw ${byte} reached stdout")
+    endif()
+  endforeach()
+endfunction()
+expect_no_raw_controls("hostile names" "${hostile_OUT}")
 ma_cli_expect_match("hostile names" "${hostile_OUT}"
   "\n\\$0 +music +a\\\\x1b.0.title\\\\x07\\.mp3\n" "\n\\$1 +music +b\\\\x7f\\.mp3\n"
   "\n\\$2 +music +c\\\\x9bx\\.mp3\n" "\n\\$3 +music +d\\\\xc2\\\\x9bx\\.mp3\n"
   "\n\\$4 +unknown +e\\\\u202etxt\\.exe\n" "\n\\$5 +music +f\\\\xff\\.mp3\n"
   "\n\\$6 +unknown +movie\\\\x0am_fileSize      : 999999999999\n$")
 ma_cli_run(hostile_json ARGS tree hostile --json)
-foreach(byte esc del c1 rlo u9b)
-  string(FIND "${hostile_json_OUT}" "${${byte}}" at)
-  if(NOT at LESS 0)
-    ma_cli_fail("hostile names --json: a raw ${byte} reached stdout")
-  endif()
-endforeach()
+expect_no_raw_controls("hostile names --json" "${hostile_json_OUT}")
 ma_cli_expect_match("hostile names --json" "${hostile_json_OUT}" "e\\\\u202etxt\\.exe")
 # The forged field stays inside the caption line of the dump, and of the
 # dump of the item message read back.
